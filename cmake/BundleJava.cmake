@@ -1,0 +1,63 @@
+# The Java side: service-class declarations, the simulator's control class and the console
+# (compiled for Java 8, the gateway's VM), and the JUnit 5 tests, each test class one ctest
+# test run in a real JVM under -Xcheck:jni.
+
+find_package(Java 11 REQUIRED COMPONENTS Development Runtime)
+set(BUNDLE_JAVA_LIBS "/usr/share/java" CACHE PATH "Where the JUnit 5 jars are (Debian: junit5)")
+set(junit_console "${BUNDLE_JAVA_LIBS}/junit-platform-console-standalone.jar")
+if(NOT EXISTS "${junit_console}")
+  message(FATAL_ERROR "JUnit 5 not found in ${BUNDLE_JAVA_LIBS} (Debian package junit5)")
+endif()
+set(junit_compile_cp "${BUNDLE_JAVA_LIBS}/junit-jupiter-api.jar:${BUNDLE_JAVA_LIBS}/junit-jupiter-params.jar:${BUNDLE_JAVA_LIBS}/apiguardian-api.jar:${BUNDLE_JAVA_LIBS}/opentest4j.jar")
+
+set(java_out "${CMAKE_BINARY_DIR}/java")
+set(BUNDLE_JAVA_CLASSES "${java_out}/classes")
+set(java_test_classes "${java_out}/test-classes")
+
+file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
+     "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
+     "${CMAKE_SOURCE_DIR}/java/console/*.java")
+file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
+
+add_custom_command(OUTPUT "${java_out}/classes.stamp"
+  COMMAND ${CMAKE_COMMAND} -E rm -rf "${BUNDLE_JAVA_CLASSES}"
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+          -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
+  COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
+  DEPENDS ${java_main_sources}
+  COMMENT "Compiling the Java service classes, simulator control and console (Java 8)")
+add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
+  COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+          -cp "${BUNDLE_JAVA_CLASSES}:${junit_compile_cp}" -d "${java_test_classes}"
+          ${java_test_sources}
+  COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/test-classes.stamp"
+  DEPENDS ${java_test_sources} "${java_out}/classes.stamp"
+  COMMENT "Compiling the JVM tests (Java 8)")
+add_custom_target(java_classes ALL
+  DEPENDS "${java_out}/classes.stamp" "${java_out}/test-classes.stamp")
+add_dependencies(java_classes bundle_sc)
+if(TARGET gatewaysim_jni)
+  add_dependencies(java_classes gatewaysim_jni)
+endif()
+
+if(BUILD_TESTING AND BUNDLE_HAVE_SIM)
+  foreach(src IN LISTS java_test_sources)
+    if(NOT src MATCHES "Test\\.java$")
+      continue()
+    endif()
+    file(RELATIVE_PATH rel "${CMAKE_SOURCE_DIR}/java/tests" "${src}")
+    string(REGEX REPLACE "\\.java$" "" class "${rel}")
+    string(REPLACE "/" "." class "${class}")
+    get_filename_component(simple "${src}" NAME_WE)
+    add_test(NAME jvm.${simple}
+      COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+              -jar "${junit_console}" --disable-banner --details=tree --fail-if-no-tests
+              --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
+    set_tests_properties(jvm.${simple} PROPERTIES
+      RESOURCE_LOCK gateway_flag_files
+      ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR}"
+      # -Xcheck:jni reports misuse as warnings; any of them fails the test.
+      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+  endforeach()
+endif()

@@ -1,0 +1,64 @@
+# The library, the platform it links against (the gateway simulator or the real libraries),
+# and the simulator's control library for tests and tools.
+
+set(BUNDLE_PACKAGES lanservices accessservices addressservices commservices transferservices
+                    voipservices)
+
+# The service frame: also linked straight into the unit tests, which test its internals.
+file(GLOB BUNDLE_FRAME_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/common/*.cpp")
+add_library(bundle_frame OBJECT ${BUNDLE_FRAME_SOURCES})
+
+set(BUNDLE_SERVICE_SOURCES "")
+foreach(pkg IN LISTS BUNDLE_PACKAGES)
+  file(GLOB pkg_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${pkg}/*.cpp")
+  list(APPEND BUNDLE_SERVICE_SOURCES ${pkg_sources})
+endforeach()
+
+add_library(bundle_sc SHARED ${BUNDLE_SERVICE_SOURCES} $<TARGET_OBJECTS:bundle_frame>)
+
+# What the library's own code is compiled with: careful embedded C++ (no exceptions, no RTTI,
+# no thread-safe statics, so nothing pulls in the C++ runtime) and hidden symbols.
+foreach(target bundle_frame bundle_sc)
+  target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}" ${BUNDLE_JNI_INCLUDES})
+  target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
+                                           -fvisibility=hidden -fvisibility-inlines-hidden
+                                           ${BUNDLE_WARNINGS})
+endforeach()
+
+# Linked by the C driver: libstdc++ is never a NEEDED entry; -z defs turns any use of the
+# C++ runtime (or of a platform function nobody provides) into a link error.
+set(BUNDLE_MAP "${CMAKE_SOURCE_DIR}/common/libbundle_sc.map")
+set_target_properties(bundle_sc PROPERTIES LINKER_LANGUAGE C LINK_DEPENDS "${BUNDLE_MAP}")
+target_link_options(bundle_sc PRIVATE "-Wl,--version-script=${BUNDLE_MAP}" -Wl,-z,defs
+                                      -Wl,--hash-style=both)
+
+if(BUNDLE_PLATFORM_LIBDIR)
+  # The gateway's own platform libraries.
+  foreach(lib brelo tcapi)
+    add_library(${lib} SHARED IMPORTED)
+    set_target_properties(${lib} PROPERTIES IMPORTED_LOCATION "${BUNDLE_PLATFORM_LIBDIR}/lib${lib}.so.1"
+                                            IMPORTED_NO_SONAME OFF)
+  endforeach()
+  set(BUNDLE_HAVE_SIM OFF)
+else()
+  add_subdirectory(sim)
+  set(BUNDLE_HAVE_SIM ON)
+endif()
+# The platform libraries are NEEDED whatever this build happens to call; anything the C++
+# compiler driver would add after them stays as-needed, so it drops out unused.
+target_link_libraries(bundle_sc PRIVATE "-Wl,--push-state,--no-as-needed" brelo tcapi
+                                        "-Wl,--pop-state")
+
+set(BUNDLE_ALLOWED_NEEDED libbrelo.so.1 libtcapi.so.1 libmjson-1.5.so libc.so.6)
+set(BUNDLE_REQUIRED_NEEDED libbrelo.so.1 libtcapi.so.1 libc.so.6)
+if(BUNDLE_SANITIZE)
+  list(APPEND BUNDLE_ALLOWED_NEEDED libasan.so.8 libubsan.so.1 libm.so.6 libgcc_s.so.1
+       libstdc++.so.6)
+endif()
+
+# Library sizes, recorded by every build (CI prints the figure for each tier).
+string(REGEX REPLACE "nm$" "size" BUNDLE_SIZE_TOOL "${CMAKE_NM}")
+add_custom_command(TARGET bundle_sc POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -DLIB=$<TARGET_FILE:bundle_sc> -DOUT=${CMAKE_BINARY_DIR}/library-size.txt
+          -DSIZE_TOOL=${BUNDLE_SIZE_TOOL} -DTIER=${BUNDLE_TEST_PREFIX} -P "${CMAKE_SOURCE_DIR}/cmake/record_size.cmake"
+  VERBATIM)

@@ -1,0 +1,37 @@
+# The sanitizer and MIPS tiers: the same sources built again in their own build trees, whose
+# tests join this build's ctest run.
+
+include(ExternalProject)
+set(tier_tests "${CMAKE_BINARY_DIR}/tiers.cmake")
+file(WRITE "${tier_tests}" "# Tests of the other tiers\n")
+
+ExternalProject_Add(tier_sanitize
+  SOURCE_DIR "${CMAKE_SOURCE_DIR}"
+  BINARY_DIR "${CMAKE_BINARY_DIR}/tier-sanitize"
+  CMAKE_ARGS -DCMAKE_BUILD_TYPE=Debug -DBUNDLE_SANITIZE=ON -DBUNDLE_TIERS=OFF
+             -DBUNDLE_JVM_TESTS=OFF -DBUNDLE_TEST_PREFIX=asan.
+             -DBUNDLE_JNI_INCLUDE_DIR=${BUNDLE_JNI_INCLUDE_DIR}
+             -DBUNDLE_GTEST_SOURCE=${BUNDLE_GTEST_SOURCE}
+  BUILD_ALWAYS ON
+  INSTALL_COMMAND "")
+file(APPEND "${tier_tests}" "subdirs(\"${CMAKE_BINARY_DIR}/tier-sanitize\")\n")
+
+find_program(BUNDLE_MIPS_CXX mips-linux-gnu-g++)
+find_program(BUNDLE_QEMU qemu-mips)
+if(BUNDLE_MIPS_CXX AND BUNDLE_QEMU)
+  ExternalProject_Add(tier_mips
+    SOURCE_DIR "${CMAKE_SOURCE_DIR}"
+    BINARY_DIR "${CMAKE_BINARY_DIR}/tier-mips"
+    CMAKE_ARGS -DCMAKE_TOOLCHAIN_FILE=${CMAKE_SOURCE_DIR}/cmake/mips-linux-gnu.cmake
+               -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DBUNDLE_TIERS=OFF -DBUNDLE_JVM_TESTS=OFF
+               -DBUNDLE_TEST_PREFIX=mips.
+               -DBUNDLE_JNI_INCLUDE_DIR=${BUNDLE_JNI_INCLUDE_DIR}
+               -DBUNDLE_GTEST_SOURCE=${BUNDLE_GTEST_SOURCE}
+    BUILD_ALWAYS ON
+    INSTALL_COMMAND "")
+  file(APPEND "${tier_tests}" "subdirs(\"${CMAKE_BINARY_DIR}/tier-mips\")\n")
+else()
+  message(WARNING "mips-linux-gnu-g++ or qemu-mips missing: the MIPS tier is not built")
+endif()
+
+set_property(DIRECTORY "${CMAKE_SOURCE_DIR}" APPEND PROPERTY TEST_INCLUDE_FILES "${tier_tests}")

@@ -1,0 +1,137 @@
+#include "common/reply.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+namespace bundle {
+
+int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap) {
+  size_t at = *off;
+  int n;
+  if (cap > 0 && at < cap - 1) {
+    n = vsnprintf(buf + at, cap - at, fmt, ap);
+  } else {
+    // Nothing fits any more: only measure, as snprintf(NULL, 0, ...) would.
+    n = vsnprintf(nullptr, 0, fmt, ap);
+  }
+  if (n > 0) *off = at + static_cast<size_t>(n);
+  return n;
+}
+
+namespace {
+
+// Classifies the sequence that starts at s[0]. Returns the number of bytes it spans and sets
+// *out_len to the number of bytes its modified-UTF-8 form takes: the same for a valid 1-3 byte
+// sequence, 6 for a 4-byte sequence (surrogate pair), 3 for U+FFFD when ill-formed.
+// *valid is false when the sequence has to be rewritten.
+size_t scan(const unsigned char *s, size_t *out_len, bool *valid) {
+  unsigned char c = s[0];
+  *valid = true;
+  if (c < 0x80) {
+    *out_len = 1;
+    return 1;
+  }
+  unsigned char lo = 0x80, hi = 0xBF;
+  size_t need;
+  if (c == 0xC0 && s[1] == 0x80) {  // modified UTF-8's two-byte NUL
+    *out_len = 2;
+    return 2;
+  } else if (c >= 0xC2 && c <= 0xDF) {
+    need = 1;
+  } else if (c >= 0xE0 && c <= 0xEF) {
+    need = 2;
+    if (c == 0xE0) lo = 0xA0;  // no overlong forms; surrogates (ED A0..BF) are valid here
+  } else if (c >= 0xF0 && c <= 0xF4) {
+    need = 3;
+    if (c == 0xF0) lo = 0x90;
+    if (c == 0xF4) hi = 0x8F;
+  } else {
+    *valid = false;
+    *out_len = 3;
+    return 1;
+  }
+  // Maximal subpart: stop at the first byte that cannot continue the sequence.
+  size_t i = 1;
+  for (; i <= need; ++i) {
+    unsigned char b = s[i];
+    unsigned char l = (i == 1) ? lo : 0x80, h = (i == 1) ? hi : 0xBF;
+    if (b < l || b > h) break;
+  }
+  if (i <= need) {
+    *valid = false;
+    *out_len = 3;
+    return i;
+  }
+  if (need == 3) {
+    *valid = false;  // well-formed, but Java wants it as a surrogate pair
+    *out_len = 6;
+    return 4;
+  }
+  *out_len = need + 1;
+  return need + 1;
+}
+
+void put3(char *&o, unsigned cp) {
+  *o++ = static_cast<char>(0xE0 | (cp >> 12));
+  *o++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+  *o++ = static_cast<char>(0x80 | (cp & 0x3F));
+}
+
+}  // namespace
+
+size_t modified_utf8_length(const char *text, bool *unchanged) {
+  const unsigned char *s = reinterpret_cast<const unsigned char *>(text);
+  size_t total = 0;
+  bool all_valid = true;
+  while (*s) {
+    size_t out_len;
+    bool valid;
+    s += scan(s, &out_len, &valid);
+    total += out_len;
+    all_valid = all_valid && valid;
+  }
+  if (unchanged != nullptr) *unchanged = all_valid;
+  return total;
+}
+
+void to_modified_utf8(const char *text, char *out) {
+  const unsigned char *s = reinterpret_cast<const unsigned char *>(text);
+  char *o = out;
+  while (*s) {
+    size_t out_len;
+    bool valid;
+    size_t span = scan(s, &out_len, &valid);
+    if (valid) {
+      memcpy(o, s, span);
+      o += span;
+    } else if (out_len == 6) {
+      unsigned cp = ((s[0] & 0x07u) << 18) | ((s[1] & 0x3Fu) << 12) | ((s[2] & 0x3Fu) << 6) |
+                    (s[3] & 0x3Fu);
+      cp -= 0x10000;
+      put3(o, 0xD800 + (cp >> 10));
+      put3(o, 0xDC00 + (cp & 0x3FF));
+    } else {
+      put3(o, 0xFFFD);
+    }
+    s += span;
+  }
+  *o = '\0';
+}
+
+jstring new_reply_string(JNIEnv *env, const char *text) {
+  bool unchanged;
+  size_t out_len = modified_utf8_length(text, &unchanged);
+  if (unchanged) return env->NewStringUTF(text);
+  // Repair is the rare path (a platform text that is not modified UTF-8): small replies are
+  // repaired on the stack, large ones in a heap copy that lives only for this call.
+  char local[1024];
+  char *out = out_len < sizeof local ? local : static_cast<char *>(malloc(out_len + 1));
+  if (out == nullptr) return nullptr;
+  to_modified_utf8(text, out);
+  jstring result = env->NewStringUTF(out);
+  if (out != local) free(out);
+  return result;
+}
+
+}  // namespace bundle

@@ -1,0 +1,93 @@
+// Reply texts: zeroed fixed-size buffers composed piece by piece, and the one way a reply
+// text becomes a Java string.
+#ifndef BUNDLE_COMMON_REPLY_H
+#define BUNDLE_COMMON_REPLY_H
+
+#include <jni.h>
+#include <stdarg.h>
+#include <stddef.h>
+
+namespace bundle {
+
+// Appends printf-formatted text at the logical offset *off of `buf` (capacity `cap` bytes) and
+// advances *off by the full formatted length, exactly as a chain of sprintf/snprintf pieces
+// whose lengths are added up. Bytes are only ever written below buf[cap - 1] and the text
+// stays NUL-terminated, so a reply that outgrows its buffer is cut at cap - 1 characters and
+// every later piece is dropped. Returns the formatted length, as snprintf does.
+int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap);
+
+// A reply composed in a zeroed buffer of N bytes (lives on the caller's stack).
+template <size_t N>
+class Reply {
+ public:
+  Reply() : text_{}, off_(0) {}
+  Reply(const Reply &) = delete;
+  Reply &operator=(const Reply &) = delete;
+
+  // Appends a piece where the previous one ended (see reply_vappend).
+  int append(const char *fmt, ...) __attribute__((format(printf, 2, 3))) {
+    va_list ap;
+    va_start(ap, fmt);
+    int n = reply_vappend(text_, N, &off_, fmt, ap);
+    va_end(ap);
+    return n;
+  }
+
+  const char *c_str() const { return text_; }
+  static constexpr size_t capacity() { return N; }
+  // Sum of the formatted lengths so far; larger than capacity() - 1 once the reply was cut.
+  size_t offset() const { return off_; }
+  bool truncated() const { return off_ >= N; }
+
+ private:
+  char text_[N];
+  size_t off_;
+};
+
+// A zeroed buffer of N bytes that the platform fills with a NUL-terminated text.
+template <size_t N>
+class PlatformText {
+ public:
+  PlatformText() : text_{} {}
+  PlatformText(const PlatformText &) = delete;
+  PlatformText &operator=(const PlatformText &) = delete;
+
+  char *out() { return text_; }
+  static constexpr int size() { return static_cast<int>(N); }
+  // The text as the platform left it; a platform that filled the whole buffer without a
+  // terminator is cut at N - 1 characters rather than read past the buffer.
+  const char *text() {
+    text_[N - 1] = '\0';
+    return text_;
+  }
+
+ private:
+  char text_[N];
+};
+
+// Terminates a fixed text field of a platform record at its last byte, so a field the
+// platform filled to the brim is cut there instead of running into the next field.
+template <size_t N>
+inline void terminate_field(char (&field)[N]) {
+  field[N - 1] = '\0';
+}
+
+// Length in bytes of `text` once made valid modified UTF-8 (see new_reply_string), without
+// the terminator. *unchanged (when not NULL) tells whether the text is valid as it is.
+size_t modified_utf8_length(const char *text, bool *unchanged);
+
+// Writes the modified-UTF-8 form of `text` into `out` (capacity at least
+// modified_utf8_length(text, NULL) + 1) and terminates it. Valid modified UTF-8 is copied unchanged;
+// a standard 4-byte UTF-8 sequence becomes its surrogate pair (two 3-byte sequences); every
+// maximal ill-formed subsequence becomes U+FFFD, as Java's own UTF-8 decoder reads it.
+void to_modified_utf8(const char *text, char *out);
+
+// The one way a reply text becomes a jstring. Valid modified UTF-8 goes to NewStringUTF as is;
+// any other text is repaired first (see to_modified_utf8) so the rest of the reply survives.
+// Returns NewStringUTF's result (NULL when the JVM could not allocate it, or when the repair
+// buffer could not be allocated).
+jstring new_reply_string(JNIEnv *env, const char *text);
+
+}  // namespace bundle
+
+#endif

@@ -1,0 +1,114 @@
+// com.lumarest.smartgateway.commservices.DeviceInfoQueryServiceImp: what the gateway is
+// (identity record, MAC address, uptime, load) and the fixed identity of the OSGi framework
+// and Java virtual machine it runs.
+#include "common/native.h"
+#include "common/platform_device.h"
+
+namespace {
+
+// Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity.
+jstring identity_reply(JNIEnv *env, const char *native, const char *method, const char *name,
+                       const char *vendor, const char *version) {
+  char name_field[128] = {};
+  char vendor_field[128] = {};
+  char version_field[128] = {};
+  strncpy(name_field, name, sizeof name_field - 1);
+  strncpy(vendor_field, vendor, sizeof vendor_field - 1);
+  strncpy(version_field, version, sizeof version_field - 1);
+
+  bundle::Reply<1024> reply;
+  reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name_field,
+               vendor_field, version_field);
+  bundle::trace_printf(native, __LINE__, "%s: return json = %s   leave============>\n", method,
+                       reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceInfoJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<4096> reply;
+  BUNDLE_TRACE_PUTS("enter");
+
+  DeviceInfoRecord info;
+  memset(&info, 0, sizeof info);
+  brelo_deviceGetInfo(&info);  // its result is not examined: the reply is always Result 0
+  bundle::terminate_field(info.vendor);
+  bundle::terminate_field(info.product_class);
+  bundle::terminate_field(info.hardware_version);
+  bundle::terminate_field(info.firmware_version);
+  bundle::terminate_field(info.main_chip_class);
+  bundle::terminate_field(info.nfc);
+
+  // "ProductCLass", capital L, is the wire name Java bundles read.
+  reply.append("{\"Result\":0,\"Vendor\":\"%s\",\"ProductCLass\":\"%s\",", info.vendor,
+               info.product_class);
+  reply.append("\"HardwareVer\":\"%s\",\"FirmwareVer\":\"%s\",", info.hardware_version,
+               info.firmware_version);
+  reply.append("\"FlashSize\":%d,\"RamSize\":%d,", static_cast<int>(info.flash_size),
+               static_cast<int>(info.ram_size));
+  reply.append("\"MainChipClass\":\"%s\",\"NFC\":\"%s\"}", info.main_chip_class, info.nfc);
+
+  BUNDLE_TRACE("getDeviceInfoJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceMACJni(
+    JNIEnv *env, jobject) {
+  bundle::PlatformText<128> mac;
+  brelo_deviceGetMac(mac.out());
+  BUNDLE_TRACE("getDeviceMACJni: return json = %s   leave============>\n", mac.text());
+  return bundle::new_reply_string(env, mac.text());
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceUpTimeJni(
+    JNIEnv *, jobject) {
+  int uptime = brelo_deviceGetUpTime();
+  BUNDLE_TRACE("getDeviceUpTimeJni: return code = %d   leave============>\n", uptime);
+  return uptime;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getOSGiInfoJni(
+    JNIEnv *env, jobject) {
+  return identity_reply(env, __func__, "getOSGiInfoJni", "OSGI", "Apache Felix", "5.4.0");
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getJVMInfoJni(
+    JNIEnv *env, jobject) {
+  return identity_reply(env, __func__, "getJVMInfoJni", "JVM", "Oracle", "1.8.0");
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getAPIVersionJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<64> version;
+  version.append("%s", "v1.0");  // plain text, not JSON
+  BUNDLE_TRACE("getAPIVersionJni: return json = %s   leave============>\n", version.c_str());
+  return bundle::new_reply_string(env, version.c_str());
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getCPUOccupancyRateJni(
+    JNIEnv *, jobject) {
+  int rate = brelo_deviceGetCPUOccupancyRate();
+  BUNDLE_TRACE("getCPUOccupancyRateJni: return code = %d   leave============>\n", rate);
+  return rate;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getRAMOccupancyRateJni(
+    JNIEnv *, jobject) {
+  int rate = brelo_deviceGetRAMOccupancyRate();
+  BUNDLE_TRACE("getRAMOccupancyRateJni: return code = %d   leave============>\n", rate);
+  return rate;
+}
+
+}  // extern "C"

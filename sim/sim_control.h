@@ -1,0 +1,59 @@
+// Control interface of the gateway simulator, for tests and tools (C linkage, exported by
+// libgatewaysim.so, which the simulated libbrelo.so.1 and libtcapi.so.1 share).
+//
+// The simulated gateway is a set of sections of key = value texts, loaded from state files
+// (see sim/gateway/), plus the configuration tree. Every platform function logs its call, reads
+// its outputs from the state, and returns its usual result unless a test programmed another.
+#ifndef SIM_CONTROL_H
+#define SIM_CONTROL_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// Forgets everything: no state, no configuration tree, no programmed results or hooks, an
+// empty call log and no persistence of the tree. The gateway then answers as a platform that
+// knows nothing (empty texts, zero numbers, empty lists).
+void sim_reset(void);
+
+// Loads a state file, or every *.ini file of a directory in name order, on top of the current
+// state. Sections named "tcapi <node>" become configuration-tree nodes. 0 on success, -1 when
+// the path cannot be read or a line is malformed.
+int sim_load(const char *path);
+
+// sim_reset(), then the default simulated gateway: $BRELO_SIM_STATE if set, else the state
+// shipped with the simulator; then the configuration tree saved by tcapi_save, if any, and
+// tcapi_save persists to $BRELO_SIM_SAVE if set, else next to the simulator's build.
+// This is also what happens on the first platform call of a process that set nothing up.
+int sim_load_default(void);
+
+// State values. A NULL key in sim_unset removes the whole section.
+void sim_set(const char *section, const char *key, const char *value);
+void sim_unset(const char *section, const char *key);
+// The value, or NULL when absent. The pointer stays valid until the value changes.
+const char *sim_get(const char *section, const char *key);
+
+// Every later call of `fn` returns `rc` instead of its usual result.
+void sim_program_result(const char *fn, int rc);
+
+// `hook(fn, ctx)` runs at every later call of `fn`, after the call is logged and before the
+// function produces its outputs.
+typedef void (*sim_hook_fn)(const char *fn, void *ctx);
+void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx);
+
+// The call log: one line "fn(arguments)\n" per platform call, in order. Text arguments are
+// quoted, numbers bare, output buffers not shown. The pointer stays valid until the next call
+// into the simulator.
+const char *sim_log(void);
+void sim_clear_log(void);
+// Number of logged calls of `fn`.
+int sim_log_count(const char *fn);
+
+// Where tcapi_save writes the tree (NULL: nowhere; the call is still logged).
+void sim_set_save_path(const char *path);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,45 @@
+// Simulated configuration tree (libtcapi.so.1). The nodes are the state's sections named
+// "tcapi <node>"; an absent attribute reads as the empty text.
+#include <string.h>
+
+#include <string>
+
+#include "common/platform_tcapi.h"
+#include "sim/sim.h"
+
+namespace {
+
+std::string node_section(const char *node) { return std::string("tcapi ") + node; }
+
+}  // namespace
+
+extern "C" {
+
+SIM_EXPORT int tcapi_get(const char *node, const char *attr, char *buf) {
+  sim::call("tcapi_get", "\"%s\", \"%s\"", node, attr);
+  sim::Guard guard;
+  const char *value = sim::get(node_section(node).c_str(), attr);
+  // The real tree does not know the caller's buffer size either: the value is copied whole.
+  strcpy(buf, value != nullptr ? value : "");
+  return sim::result("tcapi_get", value != nullptr ? 0 : -1);
+}
+
+SIM_EXPORT int tcapi_set(const char *node, const char *attr, const char *value) {
+  sim::call("tcapi_set", "\"%s\", \"%s\", \"%s\"", node, attr, value);
+  sim::set(node_section(node).c_str(), attr, value);
+  return sim::result("tcapi_set", 0);
+}
+
+SIM_EXPORT int tcapi_unset(const char *node) {
+  sim::call("tcapi_unset", "\"%s\"", node);
+  sim::remove_section(node_section(node).c_str());
+  return sim::result("tcapi_unset", 0);
+}
+
+SIM_EXPORT int tcapi_save(void) {
+  sim::call("tcapi_save", "%s", "");
+  int rc = sim::save_tree();
+  return sim::result("tcapi_save", rc);
+}
+
+}  // extern "C"

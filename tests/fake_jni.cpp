@@ -1,0 +1,258 @@
+#include "tests/fake_jni.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include <utility>
+
+namespace fakejni {
+
+enum class Kind { String, Array, LocalRef };
+
+struct Object {
+  Object(Kind k, int i, const std::string &t) : kind(k), id(i), text(t) {}
+  Kind kind;
+  int id;
+  std::string text;                // String
+  bool fail_chars = false;         // String
+  std::vector<jobject> elements;   // Array
+  Object *target = nullptr;        // LocalRef
+  bool deleted = false;            // LocalRef
+  std::vector<char *> borrowed;    // String: copies handed out, not yet released
+};
+
+namespace {
+
+FakeJvm *g_current = nullptr;
+
+constexpr size_t kSlots = sizeof(JNINativeInterface_) / sizeof(void *);
+
+template <size_t N>
+void forbidden() {
+  fprintf(stderr, "fake JNI: the library called JNI function slot %zu, which it must not use\n", N);
+  abort();
+}
+
+template <size_t... I>
+void fill_traps(void **slots, std::index_sequence<I...>) {
+  ((slots[I] = reinterpret_cast<void *>(&forbidden<I>)), ...);
+}
+
+jint JNICALL get_array_length(JNIEnv *, jarray a) {
+  FakeJvm *jvm = FakeJvm::current();
+  Object *o = jvm->resolve(a);
+  jvm->event("GetArrayLength(" + jvm->name(a) + ")");
+  if (o == nullptr || o->kind != Kind::Array) {
+    jvm->error("GetArrayLength on a non-array");
+    return 0;
+  }
+  return static_cast<jint>(o->elements.size());
+}
+
+jobject JNICALL get_object_array_element(JNIEnv *, jobjectArray a, jsize i) {
+  FakeJvm *jvm = FakeJvm::current();
+  Object *o = jvm->resolve(a);
+  jvm->event("GetObjectArrayElement(" + jvm->name(a) + "," + std::to_string(i) + ")");
+  if (o == nullptr || o->kind != Kind::Array || i < 0 ||
+      static_cast<size_t>(i) >= o->elements.size()) {
+    jvm->error("GetObjectArrayElement out of bounds");
+    return nullptr;
+  }
+  jobject e = o->elements[static_cast<size_t>(i)];
+  return e == nullptr ? nullptr : jvm->new_local(jvm->resolve(e));
+}
+
+void JNICALL delete_local_ref(JNIEnv *, jobject o) { FakeJvm::current()->delete_local(o); }
+
+const char *JNICALL get_string_utf_chars(JNIEnv *, jstring s, jboolean *is_copy) {
+  if (is_copy != nullptr) FakeJvm::current()->error("GetStringUTFChars with a copy flag");
+  return FakeJvm::current()->get_chars(s);
+}
+
+void JNICALL release_string_utf_chars(JNIEnv *, jstring s, const char *chars) {
+  FakeJvm::current()->release_chars(s, chars);
+}
+
+jstring JNICALL new_string_utf(JNIEnv *, const char *utf) { return FakeJvm::current()->new_string(utf); }
+
+}  // namespace
+
+FakeJvm::FakeJvm() {
+  memset(&table_, 0, sizeof table_);
+  fill_traps(reinterpret_cast<void **>(&table_), std::make_index_sequence<kSlots>());
+  table_.GetArrayLength = get_array_length;
+  table_.GetObjectArrayElement = get_object_array_element;
+  table_.DeleteLocalRef = delete_local_ref;
+  table_.GetStringUTFChars = get_string_utf_chars;
+  table_.ReleaseStringUTFChars = release_string_utf_chars;
+  table_.NewStringUTF = new_string_utf;
+  env_.functions = &table_;
+  g_current = this;
+}
+
+FakeJvm::~FakeJvm() {
+  for (auto &o : objects_)
+    for (char *c : o.borrowed) free(c);
+  if (g_current == this) g_current = nullptr;
+}
+
+FakeJvm *FakeJvm::current() {
+  if (g_current == nullptr) {
+    fprintf(stderr, "fake JNI: no FakeJvm alive\n");
+    abort();
+  }
+  return g_current;
+}
+
+jstring FakeJvm::str(const std::string &utf) {
+  objects_.emplace_back(Object(Kind::String, next_id_++, utf));
+  return reinterpret_cast<jstring>(&objects_.back());
+}
+
+jstring FakeJvm::failing_str(const std::string &utf) {
+  jstring s = str(utf);
+  resolve(s)->fail_chars = true;
+  return s;
+}
+
+jobjectArray FakeJvm::array(const std::vector<jstring> &elements) {
+  Object o{Kind::Array, next_id_++, ""};
+  o.elements.assign(elements.begin(), elements.end());
+  objects_.push_back(std::move(o));
+  return reinterpret_cast<jobjectArray>(&objects_.back());
+}
+
+jobjectArray FakeJvm::array_of(const std::vector<std::string> &texts) {
+  std::vector<jstring> elements;
+  for (auto &t : texts) elements.push_back(str(t));
+  return array(elements);
+}
+
+Object *FakeJvm::resolve(jobject o) {
+  if (o == nullptr) return nullptr;
+  Object *obj = reinterpret_cast<Object *>(o);
+  if (obj->kind == Kind::LocalRef) {
+    if (obj->deleted) error("use of a deleted local reference");
+    return obj->target;
+  }
+  return obj;
+}
+
+std::string FakeJvm::name(jobject o) {
+  Object *obj = resolve(o);
+  if (obj == nullptr) return "null";
+  return (obj->kind == Kind::Array ? "a" : "s") + std::to_string(obj->id);
+}
+
+jobject FakeJvm::new_local(Object *target) {
+  objects_.emplace_back(Object(Kind::LocalRef, 0, ""));
+  objects_.back().target = target;
+  if (++live_locals_ > max_live_locals_) max_live_locals_ = live_locals_;
+  return reinterpret_cast<jobject>(&objects_.back());
+}
+
+void FakeJvm::delete_local(jobject o) {
+  if (o == nullptr) return;
+  Object *obj = reinterpret_cast<Object *>(o);
+  event("DeleteLocalRef(" + name(o) + ")");
+  if (obj->kind != Kind::LocalRef || obj->deleted) {
+    error("DeleteLocalRef of something that is not a live local reference");
+    return;
+  }
+  obj->deleted = true;
+  --live_locals_;
+}
+
+const char *FakeJvm::get_chars(jstring s) {
+  Object *o = resolve(s);
+  event("GetStringUTFChars(" + name(s) + ")");
+  ++acquired_;
+  if (o == nullptr || o->kind != Kind::String) {
+    error("GetStringUTFChars on a null or non-string object");
+    return nullptr;
+  }
+  if (o->fail_chars) return nullptr;
+  char *copy = strdup(o->text.c_str());
+  o->borrowed.push_back(copy);
+  return copy;
+}
+
+void FakeJvm::release_chars(jstring s, const char *chars) {
+  Object *o = resolve(s);
+  event("ReleaseStringUTFChars(" + name(s) + (chars == nullptr ? ",NULL)" : ")"));
+  ++released_;
+  if (o == nullptr || o->kind != Kind::String) {
+    error("ReleaseStringUTFChars on a null or non-string object");
+    return;
+  }
+  if (chars == nullptr) {
+    ++null_releases_;
+    return;
+  }
+  for (auto it = o->borrowed.begin(); it != o->borrowed.end(); ++it) {
+    if (*it == chars) {
+      free(*it);
+      o->borrowed.erase(it);
+      return;
+    }
+  }
+  error("ReleaseStringUTFChars with a text not borrowed from this string");
+}
+
+jstring FakeJvm::new_string(const char *utf) {
+  event("NewStringUTF");
+  ++new_strings_;
+  if (utf == nullptr) {
+    error("NewStringUTF(NULL)");
+    return nullptr;
+  }
+  if (!is_modified_utf8(utf)) error(std::string("NewStringUTF with invalid modified UTF-8: ") + utf);
+  if (fail_new_string_) return nullptr;
+  objects_.emplace_back(Object(Kind::String, next_id_++, utf));
+  return static_cast<jstring>(new_local(&objects_.back()));
+}
+
+std::string FakeJvm::text(jstring s) const {
+  if (s == nullptr) return "<null>";
+  Object *o = const_cast<FakeJvm *>(this)->resolve(s);
+  return o != nullptr ? o->text : "<null>";
+}
+
+int FakeJvm::outstanding() const {
+  int n = 0;
+  for (auto &o : objects_) n += static_cast<int>(o.borrowed.size());
+  return n;
+}
+
+std::string FakeJvm::events_text() const {
+  std::string out;
+  for (auto &e : events_) out += e + "\n";
+  return out;
+}
+
+bool is_modified_utf8(const std::string &str) {
+  const unsigned char *s = reinterpret_cast<const unsigned char *>(str.c_str());
+  size_t n = str.size();
+  for (size_t i = 0; i < n;) {
+    unsigned char c = s[i];
+    if (c == 0) return false;
+    if (c < 0x80) {
+      ++i;
+    } else if ((c & 0xE0) == 0xC0) {
+      // two bytes; C0 80 is the encoded NUL, other overlong forms are refused
+      if (i + 1 >= n || (s[i + 1] & 0xC0) != 0x80) return false;
+      if (c < 0xC2 && !(c == 0xC0 && s[i + 1] == 0x80)) return false;
+      i += 2;
+    } else if ((c & 0xF0) == 0xE0) {
+      if (i + 2 >= n || (s[i + 1] & 0xC0) != 0x80 || (s[i + 2] & 0xC0) != 0x80) return false;
+      if (c == 0xE0 && s[i + 1] < 0xA0) return false;
+      i += 3;
+    } else {
+      return false;  // four-byte forms and stray bytes are not modified UTF-8
+    }
+  }
+  return true;
+}
+
+}  // namespace fakejni

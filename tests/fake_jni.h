@@ -1,0 +1,85 @@
+// A fake JNIEnv for unit tests. It implements only the JNI functions the bridge may call and
+// aborts, naming the slot, on any other; it accounts every borrowed text and local reference,
+// and checks that every reply handed to NewStringUTF is valid modified UTF-8.
+#ifndef TESTS_FAKE_JNI_H
+#define TESTS_FAKE_JNI_H
+
+#include <jni.h>
+
+#include <list>
+#include <string>
+#include <vector>
+
+namespace fakejni {
+
+struct Object;
+
+class FakeJvm {
+ public:
+  FakeJvm();
+  ~FakeJvm();
+  FakeJvm(const FakeJvm &) = delete;
+  FakeJvm &operator=(const FakeJvm &) = delete;
+
+  JNIEnv *env() { return &env_; }
+  jobject self() { return reinterpret_cast<jobject>(&self_tag_); }
+
+  // A Java string whose modified-UTF-8 text is `utf`.
+  jstring str(const std::string &utf);
+  // A Java string whose text the JVM cannot copy: GetStringUTFChars returns NULL.
+  jstring failing_str(const std::string &utf = "x");
+  // A Java String[] of the given elements (a null element stays null).
+  jobjectArray array(const std::vector<jstring> &elements);
+  jobjectArray array_of(const std::vector<std::string> &texts);
+
+  // The bytes of a string made by the library with NewStringUTF; "<null>" for NULL.
+  std::string text(jstring s) const;
+  bool is_null(jstring s) const { return s == nullptr; }
+
+  // Accounting.
+  int acquired() const { return acquired_; }            // GetStringUTFChars calls
+  int released() const { return released_; }            // ReleaseStringUTFChars calls
+  int null_releases() const { return null_releases_; }  // of those, with a NULL text
+  int outstanding() const;                              // texts copied and not given back
+  int live_local_refs() const { return live_locals_; }
+  int max_live_local_refs() const { return max_live_locals_; }
+  int new_strings() const { return new_strings_; }
+  // Misuse seen: bad release pointers, double releases, invalid modified UTF-8, ...
+  const std::vector<std::string> &errors() const { return errors_; }
+  // Every JNI call in order, e.g. "GetStringUTFChars(s1)", "ReleaseStringUTFChars(s1,NULL)".
+  const std::vector<std::string> &events() const { return events_; }
+  std::string events_text() const;
+  // Makes NewStringUTF return NULL, as a JVM out of memory does.
+  void fail_new_string(bool fail) { fail_new_string_ = fail; }
+
+  // Implementation hooks (used by the function table).
+  static FakeJvm *current();
+  Object *resolve(jobject o);
+  std::string name(jobject o);
+  jobject new_local(Object *target);
+  void delete_local(jobject o);
+  void event(const std::string &e) { events_.push_back(e); }
+  void error(const std::string &e) { errors_.push_back(e); }
+  const char *get_chars(jstring s);
+  void release_chars(jstring s, const char *chars);
+  jstring new_string(const char *utf);
+
+ private:
+  JNINativeInterface_ table_;
+  JNIEnv env_;
+  int self_tag_ = 0;
+  std::list<Object> objects_;
+  int next_id_ = 1;
+  int acquired_ = 0, released_ = 0, null_releases_ = 0;
+  int live_locals_ = 0, max_live_locals_ = 0, new_strings_ = 0;
+  bool fail_new_string_ = false;
+  std::vector<std::string> errors_;
+  std::vector<std::string> events_;
+};
+
+// True when `s` is valid modified UTF-8 (what NewStringUTF requires).
+bool is_modified_utf8(const std::string &s);
+
+}  // namespace fakejni
+
+#endif
