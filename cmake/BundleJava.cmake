@@ -52,7 +52,7 @@ if(BUILD_TESTING AND BUNDLE_HAVE_SIM)
     get_filename_component(simple "${src}" NAME_WE)
     add_test(NAME jvm.${simple}
       COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
-              -jar "${junit_console}" --disable-banner --details=tree --fail-if-no-tests
+              -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
               --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
     set_tests_properties(jvm.${simple} PROPERTIES
       RESOURCE_LOCK gateway_flag_files

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Every test: installs what is missing, builds the host, sanitizer and MIPS tiers and the JVM
+# classes, and runs all of them in one ctest run.
+set -euo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+source "$here/scripts/packages.sh"
+bash "$here/scripts/ensure-packages.sh" "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+
+build=${BUILD_DIR:-$here/build}
+cmake -S "$here" -B "$build"
+cmake --build "$build" -j"$(nproc)"
+cd "$build"
+# Serial on purpose: tests share the flag files under /tmp.
+ctest --output-on-failure
+echo "== library sizes"
+cat "$build/library-size.txt" "$build"/tier-*/library-size.txt 2>/dev/null || true
