@@ -1,5 +1,7 @@
 // The simulated gateway's state, call log and programmed results.
 #include <dirent.h>
+#include <sys/stat.h>
+#include <errno.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -171,14 +173,20 @@ int load_file(const std::string &path) {
 }
 
 int load_path(const std::string &path) {
+  struct stat st;
+  if (stat(path.c_str(), &st) != 0) return -1;
+  if (!S_ISDIR(st.st_mode)) return load_file(path);
   DIR *d = opendir(path.c_str());
-  if (d == nullptr) return load_file(path);
+  if (d == nullptr) return -1;
   std::vector<std::string> names;
+  errno = 0;
   while (dirent *e = readdir(d)) {
     std::string n = e->d_name;
     if (n.size() > 4 && n.compare(n.size() - 4, 4, ".ini") == 0) names.push_back(n);
   }
+  bool failed = errno != 0;
   closedir(d);
+  if (failed) return -1;
   std::sort(names.begin(), names.end());
   int rc = 0;
   for (auto &n : names)

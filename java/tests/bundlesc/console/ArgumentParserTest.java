@@ -1,0 +1,295 @@
+package bundlesc.console;
+
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertNull;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import java.util.ArrayList;
+import java.util.List;
+
+import org.junit.jupiter.api.Test;
+
+import bundlesc.console.ArgumentParser.Token;
+
+class ArgumentParserTest {
+
+    private static final String ARG = "argument 2 of setXJni";
+
+    private static Object convert(String text, Class<?> type) throws ArgumentException {
+        return ArgumentParser.convert(Token.plain(text), type, ARG);
+    }
+
+    private static String convertError(String text, Class<?> type) {
+        return assertThrows(ArgumentException.class, () -> convert(text, type)).getMessage();
+    }
+
+    private static List<String> texts(List<Token> tokens) {
+        List<String> result = new ArrayList<String>();
+        for (Token t : tokens) {
+            result.add(t.text);
+        }
+        return result;
+    }
+
+    private static List<String> list(String... items) {
+        List<String> result = new ArrayList<String>();
+        for (String s : items) {
+            result.add(s);
+        }
+        return result;
+    }
+
+    // ---- int ---------------------------------------------------------------------------
+
+    @Test
+    void intDecimalNegativeAndHex() throws Exception {
+        assertEquals(42, convert("42", int.class));
+        assertEquals(0, convert("0", int.class));
+        assertEquals(-7, convert("-7", int.class));
+        assertEquals(5, convert("+5", int.class));
+        assertEquals(31, convert("0x1f", int.class));
+        assertEquals(255, convert("0XFF", int.class));
+        assertEquals(-16, convert("-0x10", int.class));
+        assertEquals(Integer.MAX_VALUE, convert("2147483647", int.class));
+        assertEquals(Integer.MIN_VALUE, convert("-2147483648", int.class));
+    }
+
+    @Test
+    void intHexUpToThirtyTwoBitsIsTheBitPattern() throws Exception {
+        assertEquals(-1, convert("0xFFFFFFFF", int.class));
+        assertEquals(Integer.MIN_VALUE, convert("0x80000000", int.class));
+        assertTrue(convertError("0x100000000", int.class).contains("out of range"));
+    }
+
+    @Test
+    void intRejectsGarbageAndOverflow() {
+        for (String bad : new String[] {"", "abc", "1.5", "12a", "0x", "0xg1", " 1", "1_000", "--1", "\u0663"}) {
+            String message = convertError(bad, int.class);
+            assertTrue(message.startsWith(ARG + " (int): "), message);
+            assertTrue(message.contains("not an integer"), message);
+        }
+        assertTrue(convertError("2147483648", int.class).contains("out of range for int"));
+        assertTrue(convertError("-2147483649", int.class).contains("out of range for int"));
+    }
+
+    // ---- boolean -----------------------------------------------------------------------
+
+    @Test
+    void booleanWordsAndDigits() throws Exception {
+        assertEquals(true, convert("true", boolean.class));
+        assertEquals(true, convert("TRUE", boolean.class));
+        assertEquals(true, convert("1", boolean.class));
+        assertEquals(false, convert("false", boolean.class));
+        assertEquals(false, convert("0", boolean.class));
+        String message = convertError("yes", boolean.class);
+        assertTrue(message.startsWith(ARG + " (boolean): 'yes' is not a boolean"), message);
+        convertError("2", boolean.class);
+    }
+
+    // ---- String ------------------------------------------------------------------------
+
+    @Test
+    void stringAsGivenAndNullWord() throws Exception {
+        assertEquals("hello world", convert("hello world", String.class));
+        assertEquals("", convert("", String.class));
+        assertEquals("[\"a\"]", convert("[\"a\"]", String.class));
+        assertNull(convert("null", String.class));
+        assertEquals("NULL", convert("NULL", String.class));
+        assertEquals("null", ArgumentParser.convert(new Token("null", true), String.class, ARG));
+    }
+
+    // ---- String[] ----------------------------------------------------------------------
+
+    @Test
+    void stringArrayBasics() throws Exception {
+        assertArrayEquals(new String[] {"00:11:22:33:44:55", "aa:bb:cc:dd:ee:ff"},
+                (String[]) convert("[\"00:11:22:33:44:55\",\"aa:bb:cc:dd:ee:ff\"]", String[].class));
+        assertArrayEquals(new String[0], (String[]) convert("[]", String[].class));
+        assertArrayEquals(new String[0], (String[]) convert(" [ ] ", String[].class));
+        assertArrayEquals(new String[] {"a b", null, ""},
+                (String[]) convert(" [ \"a b\" ,\tnull,\n\"\" ] ", String[].class));
+        assertNull(convert("null", String[].class));
+    }
+
+    @Test
+    void stringArrayEscapes() throws Exception {
+        String[] parsed = (String[]) convert(
+                "[\"q\\\"b\\\\s\\/f\", \"\\b\\f\\n\\r\\t\", \"\\u00e9\\u20AC\\u0041\"]", String[].class);
+        assertArrayEquals(new String[] {"q\"b\\s/f", "\b\f\n\r\t", "\u00e9\u20acA"}, parsed);
+    }
+
+    @Test
+    void stringArrayStrictness() {
+        String[][] cases = {
+            {"", "expected a JSON array"},
+            {"\"a\"", "expected a JSON array"},
+            {"[\"a\",]", "trailing comma"},
+            {"[\"a\"", "missing closing ']'"},
+            {"[\"a\" \"b\"]", "expected ',' or ']'"},
+            {"[\"a\"] x", "unexpected text after the closing ']'"},
+            {"[1]", "element 1: expected a string in double quotes or null"},
+            {"[\"a\", nul]", "element 2: expected a string"},
+            {"[\"a\", nullx]", "element 2: expected a string"},
+            {"['a']", "element 1: expected a string"},
+            {"[\"abc]", "unterminated string"},
+            {"[\"a\\x\"]", "invalid escape sequence '\\x'"},
+            {"[\"\\u12G4\"]", "four hex digits"},
+            {"[\"\\u12\"]", "four hex digits"},
+            {"[\"tab\there\"]", "control character U+0009 must be escaped"},
+            {"[,\"a\"]", "element 1: expected a string"},
+        };
+        for (String[] c : cases) {
+            String message = convertError(c[0], String[].class);
+            assertTrue(message.startsWith(ARG + " (String[]): invalid JSON array of strings: "), message);
+            assertTrue(message.contains(c[1]), c[0] + " -> " + message);
+        }
+    }
+
+    @Test
+    void stringArrayErrorGivesPosition() {
+        String message = convertError("[\"a\" x]", String[].class);
+        assertTrue(message.contains("at character 6"), message);
+        message = convertError("[\"a\",", String[].class);
+        assertTrue(message.contains("at end of input"), message);
+    }
+
+    @Test
+    void jsonStringArrayRoundTrip() throws Exception {
+        String[] values = {"a\"b", "c\\d", null, "\n\u0001", "é"};
+        String json = JsonArrays.formatStringArray(values);
+        assertEquals("[\"a\\\"b\",\"c\\\\d\",null,\"\\n\\u0001\",\"é\"]", json);
+        assertArrayEquals(values, JsonArrays.parseStringArray(json).toArray(new String[0]));
+        assertEquals("null", JsonArrays.formatStringArray(null));
+    }
+
+    // ---- byte[] ------------------------------------------------------------------------
+
+    @Test
+    void byteArrayFromJsonNumbers() throws Exception {
+        assertArrayEquals(new byte[] {0, 1, -1, -128, (byte) 255, (byte) 128, 127},
+                (byte[]) convert("[0, 1, -1, -128, 255, 128, 127]", byte[].class));
+        assertArrayEquals(new byte[0], (byte[]) convert("[]", byte[].class));
+        assertNull(convert("null", byte[].class));
+    }
+
+    @Test
+    void byteArrayRangeAndSyntaxErrors() {
+        String message = convertError("[1, 256]", byte[].class);
+        assertTrue(message.startsWith(ARG + " (byte[]): element 2 (256) is outside the byte range -128..255"),
+                message);
+        assertTrue(convertError("[-129]", byte[].class).contains("element 1 (-129)"));
+        assertTrue(convertError("[1.5]", byte[].class).contains("only whole numbers"));
+        assertTrue(convertError("[1e3]", byte[].class).contains("only whole numbers"));
+        assertTrue(convertError("[01]", byte[].class).contains("leading zeros"));
+        assertTrue(convertError("[\"1\"]", byte[].class).contains("expected a number"));
+        assertTrue(convertError("[1,,2]", byte[].class).contains("element 2: expected a number"));
+        assertTrue(convertError("[1,]", byte[].class).contains("trailing comma"));
+        assertTrue(convertError("[99999999999999999999]", byte[].class).contains("out of range"));
+        assertTrue(convertError("0a0b", byte[].class).contains("invalid byte array"));
+    }
+
+    @Test
+    void byteArrayFromHex() throws Exception {
+        assertArrayEquals(new byte[] {0x0a, 0x0b, (byte) 0xff},
+                (byte[]) convert("hex:0a0bFF", byte[].class));
+        assertArrayEquals(new byte[] {1}, (byte[]) convert("HEX:01", byte[].class));
+        assertArrayEquals(new byte[0], (byte[]) convert("hex:", byte[].class));
+        assertTrue(convertError("hex:abc", byte[].class).contains("even number of hex digits"));
+        assertTrue(convertError("hex:zz", byte[].class).contains("non-hex character"));
+    }
+
+    @Test
+    void byteArrayZeroBuffer() throws Exception {
+        assertArrayEquals(new byte[64], (byte[]) convert("zeros:64", byte[].class));
+        assertArrayEquals(new byte[0], (byte[]) convert("zeros:0", byte[].class));
+        assertTrue(convertError("zeros:-1", byte[].class).contains("count from 0"));
+        assertTrue(convertError("zeros:x", byte[].class).contains("needs a byte count"));
+    }
+
+    @Test
+    void bytesAreFormattedUnsigned() {
+        assertEquals("[0,1,127,128,255]", ArgumentParser.formatBytes(new byte[] {0, 1, 127, -128, -1}));
+        assertEquals("[]", ArgumentParser.formatBytes(new byte[0]));
+        assertEquals("null", ArgumentParser.formatBytes(null));
+    }
+
+    @Test
+    void unsupportedParameterType() {
+        assertTrue(convertError("1", long.class).contains("parameter type long is not supported"));
+    }
+
+    // ---- batch lines -------------------------------------------------------------------
+
+    @Test
+    void skippableLines() {
+        assertTrue(ArgumentParser.isSkippable(""));
+        assertTrue(ArgumentParser.isSkippable("   \t"));
+        assertTrue(ArgumentParser.isSkippable("# comment"));
+        assertTrue(ArgumentParser.isSkippable("   # indented comment"));
+        assertFalse(ArgumentParser.isSkippable("DeviceInfoQueryService getDeviceInfo"));
+        assertFalse(ArgumentParser.isSkippable("X y #not-a-comment"));
+    }
+
+    @Test
+    void splitsOnWhitespace() throws Exception {
+        assertEquals(list("DeviceInfoQueryService", "getDeviceUpTime"),
+                texts(ArgumentParser.splitLine("  DeviceInfoQueryService \t getDeviceUpTime  ")));
+        assertEquals(list(), texts(ArgumentParser.splitLine("   ")));
+        assertEquals(list("A", "m", "-1", "0x10", "#x"), texts(ArgumentParser.splitLine("A m -1 0x10 #x")));
+    }
+
+    @Test
+    void keepsDoubleQuotedArgumentsWhole() throws Exception {
+        List<Token> tokens = ArgumentParser.splitLine("A m \"two words\" plain \"\" \"say \\\"hi\\\" \\\\ ok\"");
+        assertEquals(list("A", "m", "two words", "plain", "", "say \"hi\" \\ ok"), texts(tokens));
+        assertFalse(tokens.get(3).quoted);
+        assertTrue(tokens.get(2).quoted);
+        assertTrue(tokens.get(4).quoted);
+        // other backslashes stay as written
+        assertEquals(list("C:\\dir\\n"), texts(ArgumentParser.splitLine("\"C:\\dir\\n\"")));
+        // quoted parts join the text around them
+        assertEquals(list("name=a b"), texts(ArgumentParser.splitLine("name=\"a b\"")));
+    }
+
+    @Test
+    void quotedNullIsTheWord() throws Exception {
+        List<Token> tokens = ArgumentParser.splitLine("A m null \"null\"");
+        assertNull(ArgumentParser.convert(tokens.get(2), String.class, ARG));
+        assertEquals("null", ArgumentParser.convert(tokens.get(3), String.class, ARG));
+    }
+
+    @Test
+    void keepsJsonArraysWhole() throws Exception {
+        String line = "LanHostManager setMacFilter [\"00:11:22:33:44:55\", \"aa bb\"] 1 [ \"x ] y\", \"q\\\"]\" ] [1, 2,  255]";
+        List<Token> tokens = ArgumentParser.splitLine(line);
+        assertEquals(list("LanHostManager", "setMacFilter", "[\"00:11:22:33:44:55\", \"aa bb\"]", "1",
+                "[ \"x ] y\", \"q\\\"]\" ]", "[1, 2,  255]"), texts(tokens));
+        assertArrayEquals(new String[] {"x ] y", "q\"]"},
+                (String[]) ArgumentParser.convert(tokens.get(4), String[].class, ARG));
+        assertArrayEquals(new byte[] {1, 2, (byte) 255},
+                (byte[]) ArgumentParser.convert(tokens.get(5), byte[].class, ARG));
+        // nested brackets are matched too
+        assertEquals(list("[[1],[2]]", "z"), texts(ArgumentParser.splitLine("[[1],[2]] z")));
+    }
+
+    @Test
+    void bracketInsideAnArgumentIsPlainText() throws Exception {
+        assertEquals(list("a[1", "2]"), texts(ArgumentParser.splitLine("a[1 2]")));
+    }
+
+    @Test
+    void unterminatedQuotesAndArraysAreErrors() {
+        String message = assertThrows(ArgumentException.class,
+                () -> ArgumentParser.splitLine("A m \"open")).getMessage();
+        assertTrue(message.contains("unterminated double quote starting at character 5"), message);
+        message = assertThrows(ArgumentException.class,
+                () -> ArgumentParser.splitLine("A m [\"a\", \"b\"")).getMessage();
+        assertTrue(message.contains("unterminated JSON array starting at character 5"), message);
+        message = assertThrows(ArgumentException.class,
+                () -> ArgumentParser.splitLine("A m [\"a]")).getMessage();
+        assertTrue(message.contains("unterminated string inside the JSON array"), message);
+    }
+}
