@@ -30,6 +30,13 @@ if(BUNDLE_MIPS_CXX AND BUNDLE_QEMU)
     BUILD_ALWAYS ON
     INSTALL_COMMAND "")
   file(APPEND "${tier_tests}" "subdirs(\"${CMAKE_BINARY_DIR}/tier-mips\")\n")
+  # The same tests give Java the same bytes on both CPUs.
+  add_test(NAME replies.host-vs-mips
+    COMMAND ${CMAKE_COMMAND} -DHOST_TESTS=$<TARGET_FILE:bundle_unit_tests>
+            -DMIPS_TESTS=${CMAKE_BINARY_DIR}/tier-mips/bin/bundle_unit_tests
+            -DQEMU=${BUNDLE_QEMU} -DSYSROOT=/usr/mips-linux-gnu
+            -DOUT=${CMAKE_BINARY_DIR}/replies -P "${CMAKE_SOURCE_DIR}/cmake/compare_replies.cmake")
+  set_tests_properties(replies.host-vs-mips PROPERTIES RESOURCE_LOCK gateway_flag_files)
 else()
   message(WARNING "mips-linux-gnu-g++ or qemu-mips missing: the MIPS tier is not built")
 endif()

@@ -1,5 +1,7 @@
 #include "tests/fake_jni.h"
 
+#include <gtest/gtest.h>
+
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -200,6 +202,26 @@ void FakeJvm::release_chars(jstring s, const char *chars) {
   error("ReleaseStringUTFChars with a text not borrowed from this string");
 }
 
+// With BUNDLE_REPLY_TRANSCRIPT set, every reply handed to NewStringUTF is appended to that
+// file as "<test>\t<reply, escaped>" so the replies of two builds (x86-64 and MIPS) can be
+// compared byte for byte.
+static void transcribe(const char *utf) {
+  const char *path = getenv("BUNDLE_REPLY_TRANSCRIPT");
+  if (path == nullptr || *path == '\0') return;
+  FILE *f = fopen(path, "a");
+  if (f == nullptr) return;
+  const ::testing::TestInfo *t = ::testing::UnitTest::GetInstance()->current_test_info();
+  fprintf(f, "%s.%s\t", t != nullptr ? t->test_suite_name() : "-", t != nullptr ? t->name() : "-");
+  for (const unsigned char *p = reinterpret_cast<const unsigned char *>(utf); *p; ++p) {
+    if (*p == '\\' || *p < 0x20 || *p >= 0x7F)
+      fprintf(f, "\\x%02X", *p);
+    else
+      fputc(*p, f);
+  }
+  fputc('\n', f);
+  fclose(f);
+}
+
 jstring FakeJvm::new_string(const char *utf) {
   event("NewStringUTF");
   ++new_strings_;
@@ -207,6 +229,7 @@ jstring FakeJvm::new_string(const char *utf) {
     error("NewStringUTF(NULL)");
     return nullptr;
   }
+  transcribe(utf);
   if (!is_modified_utf8(utf)) error(std::string("NewStringUTF with invalid modified UTF-8: ") + utf);
   if (fail_new_string_) return nullptr;
   objects_.emplace_back(Object(Kind::String, next_id_++, utf));
