@@ -136,7 +136,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioChan
   char radio[32] = {};
   int ret = -1;
 
-  if (read_text(env, jradioType, radio)) ret = success_or_failure(brelo_wlansetWLANRadioChannel(radio, channel));
+  if (read_text(env, jradioType, radio))
+    ret = success_or_failure(brelo_wlansetWLANRadioChannel(radio, channel));
   BUNDLE_TRACE("setWLANRadioChannelJni: return code = %d   leave============>\n", ret);
   return ret;
 }
@@ -147,7 +148,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioPowe
   char radio[32] = {};
   int ret = -1;
 
-  if (read_text(env, jradioType, radio)) ret = success_or_failure(brelo_wlansetWLANRadioPower(radio, transmitPower));
+  if (read_text(env, jradioType, radio))
+    ret = success_or_failure(brelo_wlansetWLANRadioPower(radio, transmitPower));
   BUNDLE_TRACE("setWLANRadioPowerJni: return code = %d   leave============>\n", ret);
   return ret;
 }
