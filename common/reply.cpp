@@ -19,6 +19,14 @@ int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list a
   return n;
 }
 
+int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...) {
+  va_list ap;
+  va_start(ap, fmt);
+  int n = reply_vappend(buf, cap, off, fmt, ap);
+  va_end(ap);
+  return n;
+}
+
 namespace {
 
 // Classifies the sequence that starts at s[0]. Returns the number of bytes it spans and sets

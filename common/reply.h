@@ -16,6 +16,10 @@ namespace bundle {
 // every later piece is dropped. Returns the formatted length, as snprintf does.
 int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap);
 
+// The same for a reply in a caller-owned buffer of `cap` bytes (e.g. one on the heap).
+int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...)
+    __attribute__((format(printf, 4, 5)));
+
 // A reply composed in a zeroed buffer of N bytes (lives on the caller's stack).
 template <size_t N>
 class Reply {

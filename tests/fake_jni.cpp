@@ -199,6 +199,17 @@ void FakeJvm::release_chars(jstring s, const char *chars) {
       return;
     }
   }
+  if (release_by_pointer_) {
+    for (auto &other : objects_) {
+      for (auto it = other.borrowed.begin(); it != other.borrowed.end(); ++it) {
+        if (*it == chars) {
+          free(*it);
+          other.borrowed.erase(it);
+          return;
+        }
+      }
+    }
+  }
   error("ReleaseStringUTFChars with a text not borrowed from this string");
 }
 

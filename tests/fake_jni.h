@@ -51,6 +51,10 @@ class FakeJvm {
   std::string events_text() const;
   // Makes NewStringUTF return NULL, as a JVM out of memory does.
   void fail_new_string(bool fail) { fail_new_string_ = fail; }
+  // Lets ReleaseStringUTFChars free a text borrowed from another string than the one named,
+  // as HotSpot does (it frees by the pointer); the call is still recorded under the name
+  // passed. Off by default: naming the wrong string is then misuse.
+  void release_by_pointer(bool on) { release_by_pointer_ = on; }
 
   // Implementation hooks (used by the function table).
   static FakeJvm *current();
@@ -73,6 +77,7 @@ class FakeJvm {
   int acquired_ = 0, released_ = 0, null_releases_ = 0;
   int live_locals_ = 0, max_live_locals_ = 0, new_strings_ = 0;
   bool fail_new_string_ = false;
+  bool release_by_pointer_ = false;
   std::vector<std::string> errors_;
   std::vector<std::string> events_;
 };

@@ -1,0 +1,222 @@
+// com.lumarest.smartgateway.lanservices.WlanConfigServiceImp: switches SSIDs and radios, sets
+// an SSID's security and the radios' standard, channel, power and width, starts and stops
+// WPS, and manages the guest SSID. Each setter makes exactly one platform call; the platform
+// owns every range, index and name check.
+#include "common/native.h"
+#include "common/platform_wlan.h"
+
+namespace {
+
+// WPS acts on SSID 1 whatever Java asks while this file exists (bench testing of the button).
+const char kWpsDebugFlag[] = "/tmp/wps_debug";
+
+// Encryption configured when Java sends none.
+const char kDefaultEncryption[] = "MIXED-WPAPSK2";
+
+// A Java boolean reaches the platform as 1 only when its low byte is exactly 1.
+int platform_flag(jboolean value) { return static_cast<unsigned char>(value) == 1 ? 1 : 0; }
+
+// Bounded copy of a Java text into a zeroed fixed buffer (Java sends short values; a longer
+// one is cut rather than overflowing).
+template <size_t N>
+void copy_text(char (&buf)[N], const char *text) {
+  strncpy(buf, text, N - 1);
+  buf[N - 1] = '\0';
+}
+
+// Reads a Java text, copies it into `buf` and gives it back at once (a failed copy is given
+// back too, with its NULL pointer). False when the text could not be read.
+template <size_t N>
+bool read_text(JNIEnv *env, jstring s, char (&buf)[N]) {
+  bundle::JavaChars text(env, s);
+  bool read = !text.is_null();
+  if (read) copy_text(buf, text.get());
+  text.release();
+  return read;
+}
+
+int success_or_failure(int rc) { return rc == 0 ? 0 : -1; }
+
+int wps_index(jint ssidIndex) { return bundle::flag_file_exists(kWpsDebugFlag) ? 1 : ssidIndex; }
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSwitchJni(
+    JNIEnv *, jobject, jint ssidIndex, jboolean enable) {
+  int ret = success_or_failure(brelo_wlansetWLANSSIDSwitch(ssidIndex, platform_flag(enable)));
+  BUNDLE_TRACE("setWLANSSIDSwitchJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDAdvertisementJni(
+    JNIEnv *, jobject, jint ssidIndex, jboolean enabled) {
+  int ret = success_or_failure(brelo_wlanSetSSIDAdvertisement(ssidIndex, platform_flag(enabled)));
+  BUNDLE_TRACE("setWLANSSIDAdvertisementJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANHardwareSwitchJni(
+    JNIEnv *env, jobject, jstring jradioType, jboolean enable) {
+  char radio[64] = {};
+  if (!read_text(env, jradioType, radio)) {
+    BUNDLE_TRACE("setWLANHardwareSwitchJni: return code = %d   leave============>\n", -1);
+    return -1;
+  }
+
+  // The platform's own code goes back to Java.
+  int ret = brelo_wlanSetWLANRadioSwitch(radio, platform_flag(enable));
+  BUNDLE_TRACE("setWLANHardwareSwitchJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecurityJni(
+    JNIEnv *env, jobject, jint ssidIndex, jstring jssidName, jstring jencrypt,
+    jstring jpassword) {
+  char name[64] = {};
+  char mode[64] = {};
+  char password[64] = {};
+
+  bundle::JavaChars ssidName(env, jssidName);
+  if (ssidName.is_null()) {
+    ssidName.release();
+    return -1;
+  }
+  copy_text(name, ssidName.get());
+  ssidName.release();
+
+  bundle::JavaChars encrypt(env, jencrypt);
+  if (encrypt.is_null() || encrypt.get()[0] == '\0') {
+    copy_text(mode, kDefaultEncryption);
+    // Deliberately not given back: an empty encryption text stays borrowed (and a failed
+    // copy has nothing to give back).
+    encrypt.keep();
+  } else {
+    copy_text(mode, encrypt.get());
+    encrypt.release();
+  }
+
+  bundle::JavaChars pass(env, jpassword);
+  if (!pass.is_null()) {
+    copy_text(password, pass.get());
+    // Deliberately released naming the encryption string object; the VM frees the text by
+    // its pointer. A null encryption object cannot be named, so the password's own is.
+    env->ReleaseStringUTFChars(jencrypt != nullptr ? jencrypt : jpassword, pass.get());
+  }
+  pass.keep();  // given back above, or nothing to give back
+
+  // The password is printed in clear when tracing is on.
+  BUNDLE_TRACE("setWLANSSIDSecurity, line=%d: ssidIndex = %d ,ssidname= %s ,encrypt=%s, password=%s\n",
+               __LINE__, ssidIndex, name, mode, password);
+  return success_or_failure(brelo_wlanSetSecurity(ssidIndex, name, mode, password));
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANStandardJni(
+    JNIEnv *env, jobject, jstring jradioType, jstring jstandard) {
+  char radio[32] = {};
+  char standard[32] = {};
+  int ret = -1;
+
+  // The radio type is read and given back before the standard is read.
+  if (read_text(env, jradioType, radio) && read_text(env, jstandard, standard))
+    ret = success_or_failure(brelo_wlanSetWLANStandard(radio, standard));
+  BUNDLE_TRACE("setWLANStandardJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioChannelJni(
+    JNIEnv *env, jobject, jstring jradioType, jint channel) {
+  char radio[32] = {};
+  int ret = -1;
+
+  if (read_text(env, jradioType, radio))
+    ret = success_or_failure(brelo_wlansetWLANRadioChannel(radio, channel));
+  BUNDLE_TRACE("setWLANRadioChannelJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioPowerJni(
+    JNIEnv *env, jobject, jstring jradioType, jint transmitPower) {
+  char radio[32] = {};
+  int ret = -1;
+
+  if (read_text(env, jradioType, radio))
+    ret = success_or_failure(brelo_wlansetWLANRadioPower(radio, transmitPower));
+  BUNDLE_TRACE("setWLANRadioPowerJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioFrequencyWidthJni(
+    JNIEnv *env, jobject, jstring jradioType, jstring jfrequencyWidth) {
+  char radio[32] = {};
+  char width[32] = {};
+  int ret = -1;
+
+  if (read_text(env, jradioType, radio) && read_text(env, jfrequencyWidth, width))
+    ret = success_or_failure(brelo_wlansetWLANRadioFrequencyWidth(radio, width));
+  BUNDLE_TRACE("setWLANRadioFrequencyWidthJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_startWLANWPSJni(
+    JNIEnv *, jobject, jint ssidIndex) {
+  int rc = brelo_wlanstartWLANWPS(wps_index(ssidIndex));
+  // The platform's refusals -1 .. -5 reach Java as they are; anything else unexpected is -100.
+  int ret;
+  if (rc == 0 || (rc <= -1 && rc >= -5)) {
+    ret = rc;
+  } else {
+    ret = -100;
+  }
+  BUNDLE_TRACE("startWLANWPSJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_stopWLANWPSJni(
+    JNIEnv *, jobject, jint ssidIndex) {
+  int ret = success_or_failure(brelo_wlanstopWLANWPS(wps_index(ssidIndex)));
+  BUNDLE_TRACE("stopWLANWPSJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_addWLANGuestSSIDJni(
+    JNIEnv *, jobject, jint ssidIndex) {
+  int ret = brelo_wlansetGuestSSIDIndex(ssidIndex);
+  BUNDLE_TRACE("addWLANGuestSSIDJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_deleteWLANGuestSSIDJni(
+    JNIEnv *, jobject, jint ssidIndex) {
+  int ret = brelo_wlandelGuestSSID(ssidIndex);
+  BUNDLE_TRACE("deleteWLANGuestSSIDJni: return code = %d   leave============>\n", ret);
+  return ret;
+}
+
+// The two guest tunings are pure pass-throughs: no trace.
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANGuestPortIsolationJni(
+    JNIEnv *, jobject, jint ssidIndex, jboolean isolate) {
+  return brelo_wlansetGuestPortIsolation(ssidIndex, platform_flag(isolate));
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANGuestDurationJni(
+    JNIEnv *, jobject, jint ssidIndex, jint duration) {
+  return brelo_wlansetGuestDuration(ssidIndex, duration);
+}
+
+}  // extern "C"

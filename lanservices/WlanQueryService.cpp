@@ -1,0 +1,407 @@
+// com.lumarest.smartgateway.lanservices.WlanQueryServiceImp: SSID information and counters,
+// WPS status, radio switch and radio information, neighbouring access points, associated
+// stations and guest SSIDs.
+#include <stdio.h>
+#include <stdlib.h>
+#include <strings.h>
+
+#include "common/array_readers.h"
+#include "common/html_encode.h"
+#include "common/native.h"
+#include "common/platform_tcapi.h"
+#include "common/platform_wlan.h"
+
+namespace {
+
+// Every list entry of the neighbour and station replies is given this many bytes.
+const size_t kListEntrySize = 512;
+
+// Handed to Java as a null string: the text has no buffer to land in.
+const char kNoMemory[] = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+
+const char kTrue[] = "TRUE";
+const char kFalse[] = "FALSE";
+
+const char *bool_text(bool value) { return value ? kTrue : kFalse; }
+
+// Standard names indexed by the platform's standard code; empty names are unknown codes.
+const char *const kStandardNames[] = {"11bg", "11b", "11a", "", "11g", "", "11n",
+                                      "11gn", "11na", "11bgn", "", "11ac"};
+const int kStandardCount = static_cast<int>(sizeof kStandardNames / sizeof kStandardNames[0]);
+
+// Writes the name of a standard code into `out` (32 bytes). 0 for a known code; -1 with an
+// empty name for an unknown one, and -1 without writing for a NULL `out`.
+int wlanStandardName(int code, char *out) {
+  if (out == nullptr) return -1;
+  if (code < 0 || code >= kStandardCount || kStandardNames[code][0] == '\0') {
+    out[0] = '\0';
+    return -1;
+  }
+  strcpy(out, kStandardNames[code]);  // the longest name is 5 characters
+  return 0;
+}
+
+// Encryption names indexed by the platform's encryption code; other codes give "".
+const char *encryption_name(int code) {
+  static const char *const kNames[] = {"OPEN", "WEP", "WPAPSK", "WPAPSK2", "MIXED-WPAPSK2"};
+  if (code < 0 || code >= static_cast<int>(sizeof kNames / sizeof kNames[0])) return "";
+  return kNames[code];
+}
+
+// Transmit power in percent indexed by the platform's power level. The table has eight
+// entries; a level outside it (0 or below, 8 and above) reports 0.
+int power_percent(int level) {
+  static const int kPercent[8] = {0, 100, 80, 60, 40, 20, 0, 0};
+  if (level <= 0 || level >= 8) return 0;
+  return kPercent[level];
+}
+
+const char *width_name(int code) {
+  switch (code) {
+    case 0: return "20M";
+    case 1: return "40M";
+    case 3: return "Auto20M40M80M";
+    default: return "Auto20M40M";
+  }
+}
+
+// Channels each radio may use: constants of the product, not asked of the platform. The
+// last 5 GHz entry is "160" as the product has always listed it.
+const char k24GChannels[] = "1,2,3,4,5,6,7,8,9,10,11,12,13";
+const char k5GChannels[] = "52,56,60,64,149,153,157,160";
+
+// Radio 0 is named "2.4G" exactly; any other name, or a text that can't be read, is radio 1.
+// The text is given back whatever was read (a failed copy with its NULL pointer).
+int radio_of(JNIEnv *env, jstring jradioType) {
+  bundle::JavaChars radioType(env, jradioType);
+  int radio = (radioType.get() != nullptr && strcmp(radioType.get(), "2.4G") == 0) ? 0 : 1;
+  radioType.release();
+  return radio;
+}
+
+// A platform count made safe to index the platform's fixed array with.
+int bounded_count(int count, int capacity) {
+  if (count < 0) return 0;
+  return count > capacity ? capacity : count;
+}
+
+// One associated station of the host reply (208 bytes).
+struct StationReply {
+  int32_t ssid_index;
+  char ssid[128];
+  char mac[32];
+  int32_t rssi;
+  int32_t rx_rate;
+  int32_t tx_rate;
+  char standard[32];
+};
+static_assert(sizeof(StationReply) == 208, "StationReply is 208 bytes");
+
+// Looks the station up in the speed-limit table "BandWidth_Entry0..63" of the configuration
+// tree. The rates found only reach the trace: the reply always reports rates of 0.
+void getStaSpeed(const char *mac) {
+  unsigned int b[6] = {0, 0, 0, 0, 0, 0};
+  sscanf(mac, "%02x:%02x:%02x:%02x:%02x:%02x", &b[0], &b[1], &b[2], &b[3], &b[4], &b[5]);
+  char key[16] = {};
+  snprintf(key, sizeof key, "%02x%02x%02x%02x%02x%02x", b[0] & 0xFFu, b[1] & 0xFFu,
+           b[2] & 0xFFu, b[3] & 0xFFu, b[4] & 0xFFu, b[5] & 0xFFu);
+
+  int up = 0, down = 0;
+  for (int entry = 0; entry < 64; ++entry) {
+    char node[32] = {};
+    snprintf(node, sizeof node, "BandWidth_Entry%d", entry);
+    char entry_mac[32] = {};
+    tcapi_get(node, "MAC", entry_mac);
+    if (strcasecmp(entry_mac, key) == 0) {
+      char up_rate[32] = {};
+      char down_rate[32] = {};
+      tcapi_get(node, "upRate", up_rate);
+      tcapi_get(node, "downRate", down_rate);
+      up = atoi(up_rate);
+      down = atoi(down_rate);
+      break;
+    }
+  }
+  BUNDLE_TRACE("getStaSpeed: mac:%s  up: %d   down: %d\n", mac, up, down);
+}
+
+// Fills one station reply from host record i; a station whose SSID can't be queried leaves
+// the reply all zero.
+void fillWlanHostEntry(StationReply *reply, const WlanHostRecord *hosts, int i) {
+  WlanSsidInfoRecord ssid;
+  memset(&ssid, 0, sizeof ssid);
+  if (brelo_wlanGetSSIDInfo(hosts[i].ssid_index, &ssid) != 0) return;
+  bundle::terminate_field(ssid.ssid);
+
+  getStaSpeed(hosts[i].mac);
+
+  reply->ssid_index = hosts[i].ssid_index;
+  memcpy(reply->ssid, ssid.ssid, sizeof reply->ssid);
+  memcpy(reply->mac, hosts[i].mac, sizeof reply->mac);
+  reply->rssi = hosts[i].rssi;
+  reply->rx_rate = 0;  // kept at 0: the looked-up rates are not reported
+  reply->tx_rate = 0;
+  wlanStandardName(ssid.standard, reply->standard);
+}
+
+// A list reply in a heap buffer of (entries + 1) x 512 bytes; NULL when it can't be had.
+char *new_list_text(int entries, size_t *cap) {
+  *cap = (static_cast<size_t>(entries) + 1) * kListEntrySize;
+  return static_cast<char *>(calloc(*cap, 1));
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJni(
+    JNIEnv *env, jobject, jint ssidIndex) {
+  bundle::Reply<1024> reply;
+  WlanSsidInfoRecord info;
+  memset(&info, 0, sizeof info);
+  if (brelo_wlanGetSSIDInfo(ssidIndex, &info) != 0) {
+    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
+  } else {
+    bundle::terminate_field(info.bssid);
+    bundle::terminate_field(info.ssid);
+    char standard[32] = {};
+    wlanStandardName(info.standard, standard);
+    reply.append("%s", "{\"Result\":0");
+    reply.append(",\"Enable\":\"%s\"", bool_text(info.enabled != 0));
+    reply.append(",\"BSSID\":\"%s\"", info.bssid);
+    reply.append(",\"SSIDName\":\"%s\"", info.ssid);  // not escaped here
+    // The record says "hidden"; Java is told whether the SSID is advertised.
+    reply.append(",\"SSIDAdvertisementEnabled\":\"%s\"", bool_text(info.hidden == 0));
+    reply.append(",\"Standard\":\"%s\"", standard);
+    reply.append(",\"EncryptionMode\":\"%s\"}", encryption_name(info.encryption));
+  }
+  BUNDLE_TRACE("getWLANSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJni(
+    JNIEnv *env, jobject, jint ssidIndex) {
+  bundle::Reply<1024> reply;
+  WlanSsidStatsRecord stats;
+  memset(&stats, 0, sizeof stats);
+  if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
+    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
+  } else {
+    reply.append("%s", "{\"Result\":0");
+    reply.append(",\"TotalBytesSent\":%u", static_cast<unsigned>(stats.bytes_sent));
+    reply.append(",\"TotalBytesReceived\":%u", static_cast<unsigned>(stats.bytes_received));
+    reply.append(",\"TotalPacketsSent\":%u", static_cast<unsigned>(stats.packets_sent));
+    reply.append(",\"TotalPacketsReceived\":%u", static_cast<unsigned>(stats.packets_received));
+    reply.append(",\"ErrorsSent\":%u", static_cast<unsigned>(stats.errors_sent));
+    reply.append(",\"ErrorsReceived\":%u", static_cast<unsigned>(stats.errors_received));
+    reply.append(",\"DiscardPacketsSent\":%u", static_cast<unsigned>(stats.discard_sent));
+    reply.append(",\"DiscardPacketsReceived\":%u}", static_cast<unsigned>(stats.discard_received));
+  }
+  BUNDLE_TRACE("getWLANSSIDStatsJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANWPSStatusJni(
+    JNIEnv *, jobject, jint ssidIndex) {
+  int status = brelo_wlanGetWPSStatus(ssidIndex);
+  BUNDLE_TRACE("getWLANWPSStatusJni: return code = %d   leave============>\n", status);
+  return status;
+}
+
+JNIEXPORT jboolean JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSwitchJni(
+    JNIEnv *env, jobject, jstring jradioType) {
+  char radio[32] = {};
+  bundle::JavaChars radioType(env, jradioType);
+  strncpy(radio, radioType.or_empty(), sizeof radio - 1);
+  radioType.release();
+
+  int rc = brelo_wlanGetRadioSwitch(radio);
+  jboolean on = rc == 1 ? JNI_TRUE : JNI_FALSE;
+  BUNDLE_TRACE("getWLANHardwareSwitchJni: return code = %d   leave============>\n", on);
+  return on;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJni(
+    JNIEnv *env, jobject, jstring jradioType) {
+  int radio = radio_of(env, jradioType);
+  bundle::Reply<1024> reply;
+  WlanRadioInfoRecord info;
+  memset(&info, 0, sizeof info);
+  if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
+    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
+  } else {
+    reply.append("%s", "{\"Result\":0");
+    reply.append(",\"Channel\":%d", static_cast<int>(info.channel));
+    reply.append(",\"AutoChannelEnable\":\"%s\"", bool_text(info.auto_channel != 0));
+    reply.append(",\"ChannelsInUse\":\"%s\"", radio == 0 ? k24GChannels : k5GChannels);
+    reply.append(",\"TransmitPower\":\"%d\"", power_percent(info.power_level));
+    reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
+    reply.append("%s", "}");
+  }
+  BUNDLE_TRACE("getWLANRadioInfoJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJni(
+    JNIEnv *env, jobject, jstring jradioType) {
+  int radio = radio_of(env, jradioType);
+  static_assert(sizeof(WlanNeighborRecord) * WLAN_MAX_NEIGHBORS == 23040, "23,040 bytes");
+  WlanNeighborRecord list[WLAN_MAX_NEIGHBORS];
+  memset(list, 0, sizeof list);
+  int count = 0;
+  int rc = brelo_wlanGetNeighbor(radio, list, &count);
+  // The platform is not told the array's capacity: never more than it holds is read.
+  int n = rc == 0 ? bounded_count(count, WLAN_MAX_NEIGHBORS) : 0;
+
+  size_t cap;
+  char *text = new_list_text(n, &cap);
+  if (text == nullptr) {
+    BUNDLE_TRACE("getWLANNeighborJni: return json = %s   leave============>\n", kNoMemory);
+    return nullptr;  // Java receives a null string
+  }
+  size_t off = 0;
+  if (rc != 0) {
+    bundle::reply_append(text, cap, &off, "%s",
+                         "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+  } else {
+    bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+    for (int i = 0; i < n; ++i) {
+      WlanNeighborRecord &ap = list[i];
+      bundle::terminate_field(ap.ssid);
+      bundle::terminate_field(ap.bssid);
+      char ssid[HTML_ENCODE_OUT_SIZE] = {};
+      html_encode(ssid, ap.ssid);
+      char standard[32] = {};
+      wlanStandardName(ap.standard, standard);
+      bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
+      bundle::reply_append(text, cap, &off, ",\"BSSID\":\"%s\"", ap.bssid);
+      bundle::reply_append(text, cap, &off, ",\"NetworkType\":\"%s\"", "AP");
+      bundle::reply_append(text, cap, &off, ",\"Channel\":%d", static_cast<int>(ap.channel));
+      bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(ap.rssi));
+      bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", standard);
+      if (i != n - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+    }
+    bundle::reply_append(text, cap, &off, "%s", "]}");
+  }
+  BUNDLE_TRACE("getWLANNeighborJni: return json = %s   leave============>\n", text);
+  jstring result = bundle::new_reply_string(env, text);
+  free(text);
+  return result;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJni(
+    JNIEnv *env, jobject, jobjectArray jmacs) {
+  static const char kFailure[] = "{\"Result\":-1,\"FailReason\":\"getWLANHostInfo Error\"}";
+
+  char macs[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
+  memset(macs, 0, sizeof macs);
+  int mac_count = 0;
+  brelo_getMacAddrFromJsonArr(env, jmacs, macs, &mac_count);  // its result is not examined
+
+  WlanHostRecord hosts[WLAN_MAX_HOSTS];
+  memset(hosts, 0, sizeof hosts);
+  int host_count = 0;
+  if (brelo_wlanGetHostInfo(hosts, &host_count, macs, mac_count) != 0) {
+    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
+    return bundle::new_reply_string(env, kFailure);
+  }
+  // parseToJsonWlanHostList: one reply record per station, or per requested MAC.
+  int n = bounded_count(host_count, WLAN_MAX_HOSTS);
+  for (int i = 0; i < n; ++i) bundle::terminate_field(hosts[i].mac);
+  int entries = mac_count > 0 ? mac_count : n;
+  // At least one record, so an empty list never depends on what calloc(0) gives.
+  StationReply *records =
+      static_cast<StationReply *>(calloc(entries > 0 ? entries : 1, sizeof(StationReply)));
+  if (records == nullptr) {
+    printf("calloc err\n");
+    fflush(stdout);
+    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
+    return bundle::new_reply_string(env, kFailure);
+  }
+  if (mac_count == 0) {
+    for (int i = 0; i < n; ++i) fillWlanHostEntry(&records[i], hosts, i);
+  } else {
+    // Each request takes the first station with its MAC (ignoring case); an empty or unknown
+    // request stays an all-zero entry of the list.
+    for (int j = 0; j < mac_count; ++j) {
+      if (macs[j][0] == '\0') continue;
+      for (int i = 0; i < n; ++i) {
+        if (strcasecmp(hosts[i].mac, macs[j]) == 0) {
+          fillWlanHostEntry(&records[j], hosts, i);
+          break;
+        }
+      }
+    }
+  }
+
+  size_t cap;
+  char *text = new_list_text(entries, &cap);
+  if (text == nullptr) {
+    free(records);
+    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kNoMemory);
+    return nullptr;  // Java receives a null string
+  }
+  size_t off = 0;
+  bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+  for (int j = 0; j < entries; ++j) {
+    const StationReply &r = records[j];
+    bundle::reply_append(text, cap, &off, "{\"SSIDIndex\":%d", static_cast<int>(r.ssid_index));
+    bundle::reply_append(text, cap, &off, ",\"SSIDName\":\"%s\"", r.ssid);  // not escaped
+    bundle::reply_append(text, cap, &off, ",\"MAC\":\"%s\"", r.mac);
+    bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(r.rssi));
+    bundle::reply_append(text, cap, &off, ",\"RxRate\":\"%d\"", static_cast<int>(r.rx_rate));
+    bundle::reply_append(text, cap, &off, ",\"TxRate\":\"%d\"", static_cast<int>(r.tx_rate));
+    bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", r.standard);
+    if (j != entries - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+  }
+  bundle::reply_append(text, cap, &off, "%s", "]}");
+  BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", text);
+  jstring result = bundle::new_reply_string(env, text);
+  free(records);
+  free(text);
+  return result;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJni(JNIEnv *env,
+                                                                                   jobject) {
+  bundle::Reply<1024> reply;
+  bool opened = false;
+  for (int entry = 0; entry < 2; ++entry) {
+    char node[32] = {};
+    snprintf(node, sizeof node, "WLanForGuest_Entry%d", entry);
+    char index[32] = {};
+    if (tcapi_get(node, "SSIDIndex", index) != 0) continue;  // no such guest entry
+    char duration[32] = {};
+    char remain[32] = {};
+    char isolation[32] = {};
+    tcapi_get(node, "Duration", duration);
+    tcapi_get(node, "DurationRemain", remain);
+    tcapi_get(node, "PortIsolation", isolation);
+    int remaining = atoi(remain);
+    if (remaining < 0) remaining = 0;
+
+    if (!opened) {
+      reply.append("%s", "{\"Result\":0,\"List\":[");
+      opened = true;
+    }
+    // No separator between two entries: Java's readers expect the objects back to back.
+    reply.append("{\"SSIDIndex\":%s", index);
+    reply.append(",\"Duration\":%d", atoi(duration));
+    reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
+    reply.append(",\"RemainDuration\":%d}", remaining);
+  }
+  if (!opened) reply.append("%s", "{\"Result\":0,\"List\":[");
+  reply.append("%s", "]}");
+  BUNDLE_TRACE("getGuestSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // extern "C"
