@@ -34,7 +34,7 @@ bool wan_exists(int index) { return sim::get(wan_section(index).c_str(), "PVC") 
 std::string find_by_pvc_entry(int pvc, int entry) {
   for (const std::string &s : sim::sections("wan ")) {
     if (sim::get(s.c_str(), "PVC") == nullptr) continue;
-    if (sim::get_int(s.c_str(), "PVC", -1) == pvc && sim::get_int(s.c_str(), "Entry", -1) == entry)
+    if (sim::get_int(s.c_str(), "PVC") == pvc && sim::get_int(s.c_str(), "Entry") == entry)
       return s;
   }
   return "";
