@@ -41,8 +41,8 @@ std::string find_by_pvc_entry(int pvc, int entry) {
 }
 
 // The platform's enum codes and the texts it accepts for them in a change request.
-const std::vector<const char *> kConnectionTypes = {"",           "IP_Routed",    "IP_Bridged",
-                                                    "PPPoE_Bridged", "PPPoE_Routed", "PPPoE_Hybrid"};
+const std::vector<const char *> kConnectionTypes = {
+    "", "IP_Routed", "IP_Bridged", "PPPoE_Bridged", "PPPoE_Routed", "PPPoE_Hybrid"};
 const std::vector<const char *> kAddressingTypes = {"", "DHCP", "Static"};
 const std::vector<const char *> kTriggers = {"", "AlwaysOn", "OnDemand", "Manual"};
 const std::vector<const char *> kAddressOrigins = {"None", "DHCPv6", "AutoConfigured", "Static"};

@@ -25,7 +25,8 @@ using testsupport::CaptureStdout;
 using testsupport::FlagFile;
 using testsupport::mask_line_numbers;
 
-const std::string kPrefix = "Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_";
+const std::string kPrefix =
+    "Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_";
 const char kParameterError[] = "{\"Result\":-1,\"FailReason\":\"parameter error\"}";
 const char kParameterNull[] = "{\"Result\":-1,\"FailReason\":\"parameter NULL\"}";
 
@@ -81,8 +82,9 @@ TEST_F(AccessInfoQueryService, PhyStatusPrintsExtremeWordsSigned) {
   sim_set("pon", "TXPower", "-2147483648");
   sim_set("pon", "BiasCurrent", "2147483647");
   std::string reply = text(NATIVE(getPONIfPhyStatusJni)(env(), self()));
-  EXPECT_EQ(reply, "{\"Result\":0,\"TXPower\":-2147483648,\"RXPower\":0,\"TransceiverTemperature\":0,"
-                   "\"SupplyVottage\":0,\"BiasCurrent\":2147483647}");
+  EXPECT_EQ(reply,
+            "{\"Result\":0,\"TXPower\":-2147483648,\"RXPower\":0,\"TransceiverTemperature\":0,"
+            "\"SupplyVottage\":0,\"BiasCurrent\":2147483647}");
 }
 
 TEST_F(AccessInfoQueryService, PhyStatusTracesItsReply) {
@@ -163,7 +165,8 @@ TEST_F(AccessInfoQueryService, UplinkStatsIgnoresThePlatformsResult) {
 TEST_F(AccessInfoQueryService, UplinkStatsTooLongForTheSixtyFourByteReplyIsCut) {
   sim_set("pon", "UsStats", "18446744073709551615");
   sim_set("pon", "DsStats", "18446744073709551615");
-  std::string full = "{\"Result\":0,\"UsStats\":18446744073709551615,\"DsStats\":18446744073709551615}";
+  std::string full =
+      "{\"Result\":0,\"UsStats\":18446744073709551615,\"DsStats\":18446744073709551615}";
   EXPECT_EQ(text(NATIVE(getUplinkIfStatsJni)(env(), self())), full.substr(0, 63));
 }
 
