@@ -215,14 +215,12 @@ void free_hosts(LanHostRecord *&list) {
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
                          const char *native, const char *method) {
-  char entries[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
-  memset(entries, 0, sizeof entries);
-  int mac_count = 0;
-  brelo_getMacAddrFromJsonArr(env, macs, entries, &mac_count);  // failures are not reported
+  bundle::MacList list_of_macs(env, macs);
 
   LanHostStatsRecord *list = nullptr;
   int count = 0;
-  int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, entries, mac_count, selector);
+  int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, list_of_macs.entries,
+                                                  list_of_macs.count, selector);
 
   bundle::Reply<8192> reply;
   if (rc != 0) {
@@ -266,15 +264,12 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getGatewa
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByMACJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  char entries[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
-  memset(entries, 0, sizeof entries);
-  int mac_count = 0;
-  brelo_getMacAddrFromJsonArr(env, macs, entries, &mac_count);  // failures are not reported
+  bundle::MacList list_of_macs(env, macs);
 
   LanHostRecord *list = nullptr;
   int count = 0;
   // A count of 0 goes to the platform as it is.
-  int rc = brelo_lanGethostInfoByMACArr(&list, &count, entries, mac_count);
+  int rc = brelo_lanGethostInfoByMACArr(&list, &count, list_of_macs.entries, list_of_macs.count);
 
   HostListReply reply;
   if (rc == 0) {

@@ -3,19 +3,9 @@
 #include "common/array_readers.h"
 #include "common/native.h"
 #include "common/platform_lan.h"
+#include "lanservices/lan_hosts.h"
 
 namespace {
-
-// The MAC list buffer filled from a Java String[] (the reader's failures are not reported;
-// the natives go on with the entries it has).
-struct MacList {
-  MacList(JNIEnv *env, jobjectArray macs) : count(0) {
-    memset(entries, 0, sizeof entries);
-    brelo_getMacAddrFromJsonArr(env, macs, entries, &count);
-  }
-  char entries[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
-  int count;
-};
 
 // The list an add native puts its hosts on.
 enum AddTarget { kAddBlack, kAddTrust, kAddStorageBlack };
@@ -65,7 +55,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_setM
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  MacList list(env, macs);
+  bundle::MacList list(env, macs);
   // The filter mode is neither read nor changed when adding.
   int rc = add_each(list.entries, list.count, kAddBlack);
   BUNDLE_TRACE("addLANHostToBlackListJni: return code = %d   leave============>\n", rc);
@@ -77,7 +67,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     JNIEnv *env, jobject, jobjectArray macs) {
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_BLACK)) {
-    MacList list(env, macs);
+    bundle::MacList list(env, macs);
     rc = brelo_macClearFromList(list.entries, list.count, LAN_LIST_BLACK);
   }
   BUNDLE_TRACE("deleteLANHostFromBlackListJni: return code = %d   leave============>\n", rc);
@@ -87,7 +77,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  MacList list(env, macs);
+  bundle::MacList list(env, macs);
   int saved_mode = 0;
   brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
   int rc = add_each(list.entries, list.count, kAddStorageBlack);
@@ -99,7 +89,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addL
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_deleteLANHostFromStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  MacList list(env, macs);
+  bundle::MacList list(env, macs);
   int saved_mode = 0;
   brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
   // The storage list is cleared whatever the mode is.
@@ -113,7 +103,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToTrustListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  MacList list(env, macs);
+  bundle::MacList list(env, macs);
   int rc = add_each(list.entries, list.count, kAddTrust);
   BUNDLE_TRACE("addLANHostToTrustListJni: return code = %d   leave============>\n", rc);
   return rc;
@@ -124,7 +114,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     JNIEnv *env, jobject, jobjectArray macs) {
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_TRUST)) {
-    MacList list(env, macs);
+    bundle::MacList list(env, macs);
     rc = brelo_macClearFromList(list.entries, list.count, LAN_LIST_TRUST);
     // Unlike the black list, the trust mode is set again after a removal.
     brelo_lanSetFilterMode(LAN_FILTER_MODE_TRUST);  // its result is ignored

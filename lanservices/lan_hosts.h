@@ -4,6 +4,9 @@
 
 #include <jni.h>
 #include <stdio.h>
+#include <string.h>
+
+#include "common/array_readers.h"
 
 extern "C" {
 // Host class names indexed by the platform's class code: "ONLINE", "OFFLINE", "BLOCK",
@@ -12,6 +15,19 @@ JNIEXPORT extern const char *HostClassStr[4];
 }
 
 namespace bundle {
+
+// The MAC list buffer filled from a Java String[] (the reader's failures are not reported;
+// the natives go on with the entries it has). 32 KiB: lives on the caller's stack.
+struct MacList {
+  MacList(JNIEnv *env, jobjectArray macs) : count(0) {
+    memset(entries, 0, sizeof entries);
+    brelo_getMacAddrFromJsonArr(env, macs, entries, &count);
+  }
+  MacList(const MacList &) = delete;
+  MacList &operator=(const MacList &) = delete;
+  char entries[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
+  int count;
+};
 
 // Parses "xx:xx:xx:xx:xx:xx" (hexadecimal digits of either case) into six bytes, first octet
 // first. Returns false unless all six fields convert.
