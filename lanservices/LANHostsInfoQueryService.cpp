@@ -1,0 +1,425 @@
+// com.lumarest.smartgateway.lanservices.LANHostsInfoQueryServiceImp: the devices the gateway
+// knows on its LAN side (by MAC address, by attachment point, by class), their counters and
+// speed limits, the gateway's name and the MAC filter mode.
+#include <stdint.h>
+#include <stdlib.h>
+#include <strings.h>
+
+#include "common/array_readers.h"
+#include "common/native.h"
+#include "common/platform_lan.h"
+#include "lanservices/lan_hosts.h"
+
+extern "C" {
+JNIEXPORT const char *HostClassStr[4] = {"ONLINE", "OFFLINE", "BLOCK", "TRUST"};
+}
+
+namespace {
+
+const char kListFailure[] = "{\"Result\":-1,\"List\":[]}";
+const char kListHead[] = "{\"Result\":0,\"List\":[";
+
+// Host lists are composed in a zeroed 64 KiB buffer; a longer list is cut there.
+typedef bundle::Reply<0x10000> HostListReply;
+
+// Length of the text actually in the buffer (the offset keeps counting once a reply is cut).
+size_t visible_length(const HostListReply &reply) {
+  return reply.offset() < reply.capacity() ? reply.offset() : reply.capacity() - 1;
+}
+
+// "%02X:%02X:%02X:%02X:%02X:%02X" into an 18-byte buffer.
+void format_mac(const uint8_t *mac, char (&text)[18]) {
+  snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
+           mac[4], mac[5]);
+}
+
+// The class name of a class code; a code the table does not know prints as "UNKNOWN" instead
+// of reading past the table.
+const char *class_text(uint32_t code) {
+  if (code < sizeof HostClassStr / sizeof HostClassStr[0] && HostClassStr[code] != nullptr)
+    return HostClassStr[code];
+  return "UNKNOWN";
+}
+
+// Appends the host object of `host`, whose MAC text is already formatted.
+void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
+  bundle::terminate_field(host.dhcp_name);
+  bundle::terminate_field(host.device_name);
+  bundle::terminate_field(host.ipv4);
+  bundle::terminate_field(host.ipv6);
+
+  char iface[8] = {};
+  if (host.attach_point >= 1 && host.attach_point <= 4) {
+    snprintf(iface, sizeof iface, "LAN%d", static_cast<int>(host.attach_point));
+  } else if (host.attach_point >= 5 && host.attach_point <= 12) {
+    snprintf(iface, sizeof iface, "SSID%d", static_cast<int>(host.attach_point) - 4);
+  } else {
+    snprintf(iface, sizeof iface, "%s", "UNKNOWN");
+  }
+  const char *storage = host.storage_access != 0 ? "ON" : "OFF";
+  unsigned int online_time = host.online_time;
+
+  if (host.ipv6[0] != '\0') {
+    reply.append("{\"Class\":\"%s\",\"MAC\":\"%s\",\"DhcpName\":\"%s\",\"DeviceName\":\"%s\","
+                 "\"IP\":\"%s,%s\",\"ConnectInterface\":\"%s\",\"OnlineTime\":\"%u\","
+                 "\"StorageAccessStatus\":\"%s\"}",
+                 class_text(host.host_class), mac, host.dhcp_name, host.device_name, host.ipv4,
+                 host.ipv6, iface, online_time, storage);
+  } else {
+    reply.append("{\"Class\":\"%s\",\"MAC\":\"%s\",\"DhcpName\":\"%s\",\"DeviceName\":\"%s\","
+                 "\"IP\":\"%s\",\"ConnectInterface\":\"%s\",\"OnlineTime\":\"%u\","
+                 "\"StorageAccessStatus\":\"%s\"}",
+                 class_text(host.host_class), mac, host.dhcp_name, host.device_name, host.ipv4,
+                 iface, online_time, storage);
+  }
+}
+
+// The host list of a successful query: every record, separated by ",".
+void append_host_list(HostListReply &reply, LanHostRecord *list, int count) {
+  reply.append("%s", kListHead);
+  for (int i = 0; list != nullptr && i < count; ++i) {
+    char mac[18];
+    format_mac(list[i].mac, mac);
+    append_host(reply, list[i], mac);
+    if (i < count - 1) reply.append("%s", ",");
+  }
+  reply.append("%s", "]}");
+}
+
+// Answers whether a MAC text occurs anywhere in a reply that only ever grows, exactly as a
+// strstr over the whole reply would, without rescanning the reply for every host.
+//
+// A MAC text is always 17 characters "HH:HH:HH:HH:HH:HH" of upper-case hexadecimal digits, so
+// it can only match a window of the reply with that very shape. Every such window is taken
+// into a hash table once, when the text under it has been written (windows may straddle the
+// pieces the reply was written in); a query then looks its MAC text up in the table. The
+// table keeps the start of the first window of each distinct text (a reply position below
+// 64 KiB) and compares the reply's bytes there. Should a reply hold more distinct windows than
+// the table takes (names made of MAC texts), the index gives up and every later query is
+// answered by strstr over the whole reply, which is the same answer, only slower.
+class MacTextIndex {
+ public:
+  MacTextIndex() : used_(0), scanned_(0), overflow_(false) { memset(slots_, 0xFF, sizeof slots_); }
+  MacTextIndex(const MacTextIndex &) = delete;
+  MacTextIndex &operator=(const MacTextIndex &) = delete;
+
+  // True when `mac` occurs in the first `len` characters of `text` (the whole reply so far).
+  bool occurs(const char *text, size_t len, const char *mac) {
+    take_in(text, len);
+    if (overflow_) return strstr(text, mac) != nullptr;
+    for (size_t h = hash(mac) & kMask;; h = (h + 1) & kMask) {
+      if (slots_[h] == kEmpty) return false;
+      if (memcmp(text + slots_[h], mac, kMacLen) == 0) return true;
+    }
+  }
+
+ private:
+  static const size_t kMacLen = 17;
+  static const size_t kSlots = 8192;  // a power of two
+  static const size_t kMask = kSlots - 1;
+  static const size_t kMaxUsed = kSlots * 3 / 4;
+  static const uint16_t kEmpty = 0xFFFF;
+
+  static bool is_hex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); }
+
+  static bool mac_shaped(const char *w) {
+    for (size_t k = 2; k < kMacLen; k += 3)
+      if (w[k] != ':') return false;
+    for (size_t k = 0; k < kMacLen; k += 3)
+      if (!is_hex(w[k]) || !is_hex(w[k + 1])) return false;
+    return true;
+  }
+
+  static size_t hash(const char *w) {
+    uint32_t h = 2166136261u;  // FNV-1a over the twelve digits
+    for (size_t k = 0; k < kMacLen; k += 3) {
+      h = (h ^ static_cast<uint8_t>(w[k])) * 16777619u;
+      h = (h ^ static_cast<uint8_t>(w[k + 1])) * 16777619u;
+    }
+    return h ^ (h >> 15);
+  }
+
+  // Takes in every window that ends within text[0, len) and was not looked at yet.
+  void take_in(const char *text, size_t len) {
+    if (overflow_) return;
+    for (; scanned_ + kMacLen <= len; ++scanned_) {
+      if (text[scanned_ + 2] != ':' || !mac_shaped(text + scanned_)) continue;
+      if (!insert(text, scanned_)) return;
+    }
+  }
+
+  bool insert(const char *text, size_t at) {
+    size_t h = hash(text + at) & kMask;
+    for (; slots_[h] != kEmpty; h = (h + 1) & kMask)
+      if (memcmp(text + slots_[h], text + at, kMacLen) == 0) return true;  // already known
+    if (used_ >= kMaxUsed) {
+      overflow_ = true;
+      return false;
+    }
+    slots_[h] = static_cast<uint16_t>(at);  // below 64 KiB - 17, never kEmpty
+    ++used_;
+    return true;
+  }
+
+  uint16_t slots_[kSlots];
+  size_t used_;
+  size_t scanned_;
+  bool overflow_;
+};
+
+static_assert(HostListReply::capacity() - 17 < 0xFFFF, "window starts fit the index's slots");
+
+// Walks a class list: a record whose MAC text already occurs anywhere in the reply is skipped
+// without even its separator; the separator after a record depends only on its position, so
+// a skipped last record leaves the "," before it in place.
+void append_unique_hosts(HostListReply &reply, MacTextIndex &index, LanHostRecord *list,
+                         int count) {
+  for (int i = 0; list != nullptr && i < count; ++i) {
+    char mac[18];
+    format_mac(list[i].mac, mac);
+    if (index.occurs(reply.c_str(), visible_length(reply), mac)) continue;
+    append_host(reply, list[i], mac);
+    if (i < count - 1) reply.append("%s", ",");
+  }
+}
+
+// Reads "<prefix>%d" as sscanf does (the prefix exactly, then blanks, a sign and digits; the
+// rest is ignored) and returns whether a number was found. A number that does not fit an int
+// reads as 0, which no attachment point has, the same on every target.
+bool scan_prefixed_number(const char *text, const char *prefix, int *number) {
+  size_t n = strlen(prefix);
+  if (strncmp(text, prefix, n) != 0) return false;
+  const char *p = text + n;
+  while (*p == ' ' || (*p >= '\t' && *p <= '\r')) ++p;
+  bool negative = *p == '-';
+  if (*p == '-' || *p == '+') ++p;
+  if (*p < '0' || *p > '9') return false;
+  long long value = 0;
+  for (; *p >= '0' && *p <= '9'; ++p) {
+    value = value * 10 + (*p - '0');
+    if (value > 2147483648LL) {
+      *number = 0;
+      return true;
+    }
+  }
+  if (negative) value = -value;
+  *number = value >= -2147483647LL - 1 && value <= 2147483647LL ? static_cast<int>(value) : 0;
+  return true;
+}
+
+void free_hosts(LanHostRecord *&list) {
+  if (list != nullptr) free(list);
+  list = nullptr;
+}
+
+// Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
+jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
+                         const char *native, const char *method) {
+  bundle::MacList list_of_macs(env, macs);
+
+  LanHostStatsRecord *list = nullptr;
+  int count = 0;
+  int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, list_of_macs.entries,
+                                                  list_of_macs.count, selector);
+
+  bundle::Reply<8192> reply;
+  if (rc != 0) {
+    reply.append("%s", kListFailure);
+  } else {
+    bool counters = strcmp(selector, "Stats") == 0;
+    reply.append("%s", kListHead);
+    for (int i = 0; list != nullptr && i < count; ++i) {
+      if (counters) {
+        // The blank before the comma is part of the wire format.
+        reply.append("{\"UsStats\":%llu ,\"DsStats\":%llu}",
+                     static_cast<unsigned long long>(list[i].up_bytes),
+                     static_cast<unsigned long long>(list[i].down_bytes));
+      } else {
+        reply.append("{\"UpSpeed\":%d,\"DownSpeed\":%d}", static_cast<int>(list[i].up_speed),
+                     static_cast<int>(list[i].down_speed));
+      }
+      if (i < count - 1) reply.append("%s", ",");
+    }
+    reply.append("%s", "]}");
+  }
+  if (list != nullptr) free(list);
+  bundle::trace_printf(native, __LINE__, "%s: return json = %s   leave============>\n", method,
+                       reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getGatewayNameJni(
+    JNIEnv *env, jobject) {
+  bundle::PlatformText<1024> name;
+  brelo_sysGetGatewayName(name.out(), name.size());  // the reply is the buffer, whatever it says
+  BUNDLE_TRACE("getGatewayNameJni: return json = %s   leave============>\n", name.text());
+  return bundle::new_reply_string(env, name.text());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByMACJni(
+    JNIEnv *env, jobject, jobjectArray macs) {
+  bundle::MacList list_of_macs(env, macs);
+
+  LanHostRecord *list = nullptr;
+  int count = 0;
+  // A count of 0 goes to the platform as it is.
+  int rc = brelo_lanGethostInfoByMACArr(&list, &count, list_of_macs.entries, list_of_macs.count);
+
+  HostListReply reply;
+  if (rc == 0) {
+    append_host_list(reply, list, count);
+  } else {
+    reply.append("%s", kListFailure);
+  }
+  free_hosts(list);
+  BUNDLE_TRACE("getLANHostInfoByMACJni: return json = %s   leave============>\n", reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByInterfaceJni(
+    JNIEnv *env, jobject, jstring jname) {
+  bundle::JavaChars name(env, jname);
+
+  // "LAN<n>" is taken as it is, so LAN5 to LAN12 also name the wireless networks 1 to 8;
+  // "SSID1" to "SSID8" become 5 to 12. Both prefixes are case-sensitive.
+  int point = 0;
+  if (!scan_prefixed_number(name.or_empty(), "LAN", &point)) {
+    int ssid = 0;
+    if (scan_prefixed_number(name.or_empty(), "SSID", &ssid) && ssid >= 1 && ssid <= 8) {
+      point = ssid + 4;
+    } else {
+      point = 0;
+    }
+  }
+
+  HostListReply reply;
+  LanHostRecord *list = nullptr;
+  if (point < 1 || point > 12) {
+    reply.append("%s", kListFailure);
+  } else {
+    char key[8] = {};
+    snprintf(key, sizeof key, "%d", point);
+    int count = 0;
+    int rc = brelo_lanGethostInfobytype(&list, &count, key, LAN_HOST_TYPE_ATTACH_POINT);
+    if (rc == 0) {
+      append_host_list(reply, list, count);
+    } else {
+      reply.append("%s", kListFailure);
+    }
+  }
+  free_hosts(list);
+  name.release();
+  // The closing trace has always named this native after its former name.
+  BUNDLE_TRACE("lanservicesgetLANHostInfoBySSIDJni: return json = %s   leave============>\n",
+               reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getMacFilterModeJni(
+    JNIEnv *, jobject) {
+  int mode = 0;
+  int rc = brelo_lanGetFilterMode(&mode);
+  int result = rc != 0 ? rc : mode;
+  BUNDLE_TRACE("getMacFilterModeJni: return code = %d   leave============>\n", result);
+  return result;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByClassJni(
+    JNIEnv *env, jobject, jstring jclass) {
+  bundle::JavaChars name(env, jclass);
+  HostListReply reply;
+
+  int host_class = -1;
+  if (!name.is_null()) {
+    for (int k = 0; k < 4; ++k) {
+      if (strcasecmp(name.get(), HostClassStr[k]) == 0) {
+        host_class = k;
+        break;
+      }
+    }
+  }
+  if (host_class < 0) {
+    reply.append("%s", kListFailure);
+    name.release();
+    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
+                 reply.c_str());
+    return bundle::new_reply_string(env, reply.c_str());
+  }
+
+  LanHostRecord *list = nullptr;
+  int count = 0;
+  int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
+
+  // Blocked hosts come in two lists, the present ones and the offline ones. Without present
+  // ones the offline list is the whole answer.
+  bool offline_walked = false;
+  if (host_class == LAN_HOST_CLASS_BLOCK && (rc != 0 || count == 0)) {
+    count = 0;
+    free_hosts(list);
+    rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
+    BUNDLE_TRACE("get BlockOffline ret %d\n", rc);
+    if (rc != 0) {
+      free_hosts(list);
+      reply.append("%s", kListFailure);
+      name.release();
+      BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
+                   reply.c_str());
+      return bundle::new_reply_string(env, reply.c_str());
+    }
+    offline_walked = true;
+  }
+
+  MacTextIndex index;
+  reply.append("%s", kListHead);
+  append_unique_hosts(reply, index, list, count);
+
+  if (host_class == LAN_HOST_CLASS_BLOCK && !offline_walked) {
+    free_hosts(list);
+    count = 0;
+    rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
+    if (rc == 0 && count != 0) {
+      // Decided before knowing whether any offline host is new: an all-duplicate second
+      // list leaves this comma just before the closing bracket.
+      reply.append("%s", ",");
+      append_unique_hosts(reply, index, list, count);
+    }
+  }
+  reply.append("%s", "]}");
+
+  if (rc == -2) {
+    // Only the platform's "not completed" fails the query; other results keep the list.
+    free_hosts(list);
+    name.release();
+    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
+                 kListFailure);
+    return bundle::new_reply_string(env, kListFailure);
+  }
+  free_hosts(list);
+  name.release();
+  BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
+               reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostStatsJni(
+    JNIEnv *env, jobject, jobjectArray macs) {
+  return host_stats_reply(env, macs, "Stats", __func__, "getLANHostStatsJni");
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostSpeedLimitInfoJni(
+    JNIEnv *env, jobject, jobjectArray macs) {
+  return host_stats_reply(env, macs, "SpeedMax", __func__, "getLANHostSpeedLimitInfoJni");
+}
+
+}  // extern "C"

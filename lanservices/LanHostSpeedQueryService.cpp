@@ -1,0 +1,29 @@
+// com.lumarest.smartgateway.lanservices.LanHostSpeedQueryServiceImp: a LAN host's current
+// speed.
+#include "common/native.h"
+#include "common/platform_lan.h"
+#include "lanservices/lan_hosts.h"
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_lanservices_LanHostSpeedQueryServiceImp_getLANHostSpeedJni(
+    JNIEnv *env, jobject, jstring jmac) {
+  bundle::Reply<8192> reply;
+  int up = 0;
+  int down = 0;
+  bundle::JavaChars mac_text(env, jmac);
+  unsigned char mac[6] = {};
+  if (!mac_text.is_null() && bundle::parse_binary_mac(mac_text.get(), mac) &&
+      brelo_lanGetDevBandwidth(mac, &up, &down) == 0) {
+    // Lower-case member names here, unlike the speed-limit list.
+    reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
+  } else {
+    reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
+  }
+  BUNDLE_TRACE("getLANHostSpeedJni: return json = %s   leave============>\n", reply.c_str());
+  mac_text.release();
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // extern "C"
