@@ -150,13 +150,16 @@ SIM_EXPORT int brelo_startHttpSpeedTestDiagnostics(int wanIndex, const char *url
 }
 
 // The state is the section's "state" (default 2, None). A started test answers Requested
-// for `polls` queries, then Completed.
+// for `polls` queries, then Completed; a Requested state set by a test stays as it is.
 SIM_EXPORT int brelo_getHttpSpeedTestDiagnostics(HttpSpeedTestResult *res) {
   sim::call("brelo_getHttpSpeedTestDiagnostics", "%u", res->direction);
   sim::Guard guard;
   const char *section = http_section(res->direction);
-  if (sim::get_int(section, "state", kHttpNone) == kHttpRequested && !still_running(section))
-    sim::set(section, "state", num(kHttpCompleted));
+  if (sim::get_int(section, "state", kHttpNone) == kHttpRequested &&
+      sim::get(section, "running") != nullptr && !still_running(section)) {
+    sim::set(section, "state", num(kHttpCompleted));  // the started test finished
+    sim_unset(section, "running");
+  }
   res->state = static_cast<int32_t>(sim::get_int(section, "state", kHttpNone));
   res->test_rate = u32(section, "test_rate");
   res->total_rate = u32(section, "total_rate");
