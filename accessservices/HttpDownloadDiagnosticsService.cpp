@@ -18,18 +18,14 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   }
 
   bundle::JavaChars parameter(env, jparameter);
-  if (bundle::is_null_or_empty(parameter.get())) {
-    bundle::read_http_options(nullptr, &req);  // offset 0, duration 30, one connection
-  } else {
-    bundle::ParamTree params;
-    if (!params.parse(parameter.get())) {
-      BUNDLE_TRACE_PUTS("JSON Parse format error!");
-      parameter.release();
-      BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
-      return -1;
-    }
-    bundle::read_http_options(&params, &req);  // the file length is an upload's only
+  bundle::ParamTree params;  // a null or empty text: offset 0, duration 30, one connection
+  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+    BUNDLE_TRACE_PUTS("JSON Parse format error!");
+    parameter.release();
+    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
   }
+  bundle::read_http_options(params, &req);  // the file length is an upload's only
   parameter.release();
 
   // Unlike an upload, a download with a zero duration is not refused.

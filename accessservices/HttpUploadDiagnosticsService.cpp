@@ -39,7 +39,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpUploadDiagnosticsServiceImp_st
   }
   // atol of a 32-bit long, sign-extended into the 64-bit member.
   req.file_length = static_cast<uint64_t>(static_cast<int64_t>(bundle::param_int(length)));
-  bundle::read_http_options(&params, &req);
+  bundle::read_http_options(params, &req);
   parameter.release();
 
   if (req.file_length == 0 && req.duration == 0) {  // nothing to measure

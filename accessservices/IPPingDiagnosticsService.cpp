@@ -26,28 +26,17 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   }
 
   bundle::JavaChars parameter(env, jparameter);
-  if (bundle::is_null_or_empty(parameter.get())) {
-    req.repetitions = kDefaultRepetitions;
-    req.timeout = kDefaultTimeout;
-    req.block_size = kDefaultBlockSize;
-    req.dscp = kDefaultDscp;
-  } else {
-    bundle::ParamTree params;
-    if (!params.parse(parameter.get())) {
-      BUNDLE_TRACE_PUTS("JSON Parse format error!");
-      parameter.release();
-      BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
-      return -1;
-    }
-    const char *value = params.text("NumberOfRepetitions");
-    req.repetitions = value != nullptr ? bundle::param_int(value) : kDefaultRepetitions;
-    value = params.text("Timeout");
-    req.timeout = value != nullptr ? bundle::param_int(value) / 1000 : kDefaultTimeout;
-    value = params.text("DataBlockSize");
-    req.block_size = value != nullptr ? bundle::param_int(value) : kDefaultBlockSize;
-    value = params.text("DSCP");
-    req.dscp = value != nullptr ? bundle::param_int(value) : kDefaultDscp;
+  bundle::ParamTree params;  // a null or empty text gives every default
+  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+    BUNDLE_TRACE_PUTS("JSON Parse format error!");
+    parameter.release();
+    BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
   }
+  req.repetitions = params.int_or("NumberOfRepetitions", kDefaultRepetitions);
+  req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
+  req.block_size = params.int_or("DataBlockSize", kDefaultBlockSize);
+  req.dscp = params.int_or("DSCP", kDefaultDscp);
   parameter.release();
 
   // Zero means "not given": a Timeout below 1000 ms gets the default too. DSCP 0 is a value.

@@ -37,31 +37,18 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   }
 
   bundle::JavaChars parameter(env, jparameter);
-  if (bundle::is_null_or_empty(parameter.get())) {
-    req.tries = kDefaultTries;
-    req.timeout = kDefaultTimeout;
-    req.block_size = kDefaultBlockSize;
-    req.dscp = kDefaultDscp;
-    req.max_hops = kDefaultMaxHops;
-  } else {
-    bundle::ParamTree params;
-    if (!params.parse(parameter.get())) {
-      BUNDLE_TRACE_PUTS("JSON Parse format error!");
-      parameter.release();
-      BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
-      return -1;
-    }
-    const char *value = params.text("NumberOfTries");
-    req.tries = value != nullptr ? bundle::param_int(value) : kDefaultTries;
-    value = params.text("Timeout");
-    req.timeout = value != nullptr ? bundle::param_int(value) / 1000 : kDefaultTimeout;
-    value = params.text("DataBlockSize");
-    req.block_size = value != nullptr ? bundle::param_int(value) : kDefaultBlockSize;
-    value = params.text("DSCP");
-    req.dscp = value != nullptr ? bundle::param_int(value) : kDefaultDscp;
-    value = params.text("MaxHopCount");
-    req.max_hops = value != nullptr ? bundle::param_int(value) : kDefaultMaxHops;
+  bundle::ParamTree params;  // a null or empty text gives every default
+  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+    BUNDLE_TRACE_PUTS("JSON Parse format error!");
+    parameter.release();
+    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
   }
+  req.tries = params.int_or("NumberOfTries", kDefaultTries);
+  req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
+  req.block_size = params.int_or("DataBlockSize", kDefaultBlockSize);
+  req.dscp = params.int_or("DSCP", kDefaultDscp);
+  req.max_hops = params.int_or("MaxHopCount", kDefaultMaxHops);
   parameter.release();
 
   // Zero means "not given": a Timeout below 1000 ms gets the default too. DSCP 0 is a value.

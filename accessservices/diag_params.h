@@ -14,7 +14,10 @@
 
 namespace bundle {
 
+inline int32_t param_int(const char *text);
+
 // A parsed parameter text, freed when it goes out of scope (freeing it changes no reply).
+// Before a successful parse() it has no members, so every lookup gives its default.
 class ParamTree {
  public:
   ParamTree() : root_(nullptr) {}
@@ -31,6 +34,12 @@ class ParamTree {
     const json_t *label = json_find_first_label(root_, key);
     if (label == nullptr || label->child == nullptr) return nullptr;
     return label->child->text;
+  }
+
+  // The member's value converted with param_int, or `dflt` when text(key) is NULL.
+  int32_t int_or(const char *key, int32_t dflt) const {
+    const char *value = text(key);
+    return value != nullptr ? param_int(value) : dflt;
   }
 
  private:

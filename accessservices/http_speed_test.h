@@ -9,20 +9,14 @@
 
 namespace bundle {
 
-// Measurement offset, duration and connections from the parameter tree (NULL: none given).
-// Each keeps the low 16 bits of its value; out-of-range values fall back to the defaults
-// rather than being refused.
-inline void read_http_options(const ParamTree *params, HttpSpeedTestRequest *req) {
-  const char *value = params != nullptr ? params->text("MeasurementOffset") : nullptr;
-  req->measurement_offset = value != nullptr ? static_cast<uint16_t>(param_int(value)) : 0;
+// Measurement offset, duration and connections from the parameter tree. Each keeps the low
+// 16 bits of its value; out-of-range values fall back to the defaults rather than being refused.
+inline void read_http_options(const ParamTree &params, HttpSpeedTestRequest *req) {
+  req->measurement_offset = static_cast<uint16_t>(params.int_or("MeasurementOffset", 0));
   if (req->measurement_offset >= 301) req->measurement_offset = 0;
-
-  value = params != nullptr ? params->text("TestDuration") : nullptr;
-  req->duration = value != nullptr ? static_cast<uint16_t>(param_int(value)) : 30;
+  req->duration = static_cast<uint16_t>(params.int_or("TestDuration", 30));
   if (req->duration >= 301) req->duration = 30;
-
-  value = params != nullptr ? params->text("NumberOfConnections") : nullptr;
-  req->connections = value != nullptr ? static_cast<uint16_t>(param_int(value)) : 1;
+  req->connections = static_cast<uint16_t>(params.int_or("NumberOfConnections", 1));
   if (req->connections >= 5) req->connections = 1;
 }
 
