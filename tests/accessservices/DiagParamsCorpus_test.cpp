@@ -1,5 +1,9 @@
 // Replays the committed fuzzing corpora (seed inputs and every input that once made the
 // diagnostics natives misbehave) through the fuzzer's harness, in every tier.
+
+// 64-bit directory offsets, so readdir also works for a 32-bit target under qemu on a 64-bit
+// host's file system.
+#define _FILE_OFFSET_BITS 64
 #include <dirent.h>
 #include <stdio.h>
 
