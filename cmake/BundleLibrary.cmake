@@ -44,13 +44,29 @@ else()
   add_subdirectory(sim)
   set(BUNDLE_HAVE_SIM ON)
 endif()
-# The platform libraries are NEEDED whatever this build happens to call; anything the C++
-# compiler driver would add after them stays as-needed, so it drops out unused.
-target_link_libraries(bundle_sc PRIVATE "-Wl,--push-state,--no-as-needed" brelo tcapi
+# mjson 1.5 (libmjson-1.5.so): the gateway's own when the platform directory or the sysroot
+# has it; otherwise the top-level project builds the compatible one in compat/mjson.
+find_path(BUNDLE_MJSON_INCLUDE_DIR json.h HINTS "${BUNDLE_PLATFORM_LIBDIR}/../include"
+          PATH_SUFFIXES mjson)
+find_library(BUNDLE_MJSON_LIBRARY NAMES mjson-1.5 HINTS "${BUNDLE_PLATFORM_LIBDIR}")
+if(BUNDLE_MJSON_INCLUDE_DIR AND BUNDLE_MJSON_LIBRARY)
+  message(STATUS "mjson: ${BUNDLE_MJSON_LIBRARY}")
+  add_library(mjson SHARED IMPORTED)
+  set_target_properties(mjson PROPERTIES IMPORTED_LOCATION "${BUNDLE_MJSON_LIBRARY}"
+                                         INTERFACE_INCLUDE_DIRECTORIES "${BUNDLE_MJSON_INCLUDE_DIR}")
+  set(BUNDLE_COMPAT_MJSON OFF)
+else()
+  message(STATUS "mjson: no installed mjson 1.5, building compat/mjson")
+  set(BUNDLE_COMPAT_MJSON ON)
+endif()
+
+# The platform libraries and mjson are NEEDED whatever this build happens to call; anything the
+# C++ compiler driver would add after them stays as-needed, so it drops out unused.
+target_link_libraries(bundle_sc PRIVATE "-Wl,--push-state,--no-as-needed" brelo tcapi mjson
                                         "-Wl,--pop-state")
 
 set(BUNDLE_ALLOWED_NEEDED libbrelo.so.1 libtcapi.so.1 libmjson-1.5.so libc.so.6)
-set(BUNDLE_REQUIRED_NEEDED libbrelo.so.1 libtcapi.so.1 libc.so.6)
+set(BUNDLE_REQUIRED_NEEDED libbrelo.so.1 libtcapi.so.1 libmjson-1.5.so libc.so.6)
 if(BUNDLE_SANITIZE)
   list(APPEND BUNDLE_ALLOWED_NEEDED libasan.so.8 libubsan.so.1 libm.so.6 libgcc_s.so.1
        libstdc++.so.6)

@@ -1,0 +1,48 @@
+// com.lumarest.smartgateway.accessservices.HttpDownloadDiagnosticsServiceImp: starts an HTTP
+// download speed test that the platform runs in the background, and reports its state.
+#include "accessservices/http_speed_test.h"
+#include "common/native.h"
+
+extern "C" {
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_startHttpDownloadDiagnosticsJni(
+    JNIEnv *env, jobject, jint wanIndex, jstring jurl, jstring jparameter) {
+  HttpSpeedTestRequest req;
+  memset(&req, 0, sizeof req);
+  bundle::JavaChars url(env, jurl);
+  url.keep();  // the platform keeps the pointer: the URL text is never given back
+  if (url.is_null()) {
+    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
+  }
+
+  bundle::JavaChars parameter(env, jparameter);
+  bundle::ParamTree params;  // a null or empty text: offset 0, duration 30, one connection
+  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+    BUNDLE_TRACE_PUTS("JSON Parse format error!");
+    parameter.release();
+    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
+  }
+  bundle::read_http_options(params, &req);  // the file length is an upload's only
+  parameter.release();
+
+  // Unlike an upload, a download with a zero duration is not refused.
+  req.direction = kHttpDownload;
+  int rc = brelo_startHttpSpeedTestDiagnostics(wanIndex, url.get(), &req);
+  BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_getHttpDownloadDiagnosticsResultJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<1024> reply;
+  bundle::http_result_reply(reply, kHttpDownload);
+  BUNDLE_TRACE("getHttpDownloadDiagnosticsResultJni: return json = %s   leave============>\n",
+               reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // extern "C"

@@ -1,0 +1,108 @@
+// com.lumarest.smartgateway.accessservices.TraceRouteDiagnosticsServiceImp: starts a
+// traceroute that the platform runs in the background, and reports its outcome hop by hop.
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "accessservices/diag_params.h"
+#include "common/native.h"
+#include "common/platform_diag.h"
+
+namespace {
+
+const uint32_t kDefaultTries = 3;
+const uint32_t kDefaultTimeout = 5;  // seconds
+const uint32_t kDefaultBlockSize = 38;
+const uint32_t kDefaultDscp = 0;
+const uint32_t kDefaultMaxHops = 30;
+
+// The platform's record of the last finished traceroute; deleted after every result query so
+// that the next query does not find a stale result.
+const char kTraceRouteStatFile[] = "/tmp/cwmp/traceroutediagnostic_stat";
+
+// Hops are listed while the reply is shorter than this; the hop that reaches it is the last.
+const size_t kHopListCut = 3996;
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_startTraceRouteDiagnosticsJni(
+    JNIEnv *env, jobject, jint wanIndex, jstring jhost, jstring jparameter) {
+  TraceRouteRequest req;
+  memset(&req, 0, sizeof req);
+  if (!bundle::take_host(env, jhost, req.host)) {
+    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
+  }
+
+  bundle::JavaChars parameter(env, jparameter);
+  bundle::ParamTree params;  // a null or empty text gives every default
+  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+    BUNDLE_TRACE_PUTS("JSON Parse format error!");
+    parameter.release();
+    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
+    return -1;
+  }
+  req.tries = params.int_or("NumberOfTries", kDefaultTries);
+  req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
+  req.block_size = params.int_or("DataBlockSize", kDefaultBlockSize);
+  req.dscp = params.int_or("DSCP", kDefaultDscp);
+  req.max_hops = params.int_or("MaxHopCount", kDefaultMaxHops);
+  parameter.release();
+
+  // Zero means "not given": a Timeout below 1000 ms gets the default too. DSCP 0 is a value.
+  if (req.tries == 0) req.tries = kDefaultTries;
+  if (req.timeout == 0) req.timeout = kDefaultTimeout;
+  if (req.block_size == 0) req.block_size = kDefaultBlockSize;
+  if (req.max_hops == 0) req.max_hops = kDefaultMaxHops;
+
+  int rc = brelo_startTraceRouteDiagnostics(wanIndex, &req);
+  BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_getTraceRouteDiagnosticsResultJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<4096> reply;
+  TraceRouteResult res;
+  memset(&res, 0, sizeof res);
+  TraceRouteHop *hops = nullptr;
+  int rc = brelo_getTraceRouteDiagnosticsResult(&res, &hops);
+  unlink(kTraceRouteStatFile);  // whatever the result
+
+  if (rc == 0) {
+    const int32_t count = res.hop_count;
+    reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
+    reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
+    reply.append("%s", "\"RouteHops\": [");  // the blank after the colon is part of the reply
+    for (int32_t i = 0; hops != nullptr && i < count && reply.offset() < kHopListCut; ++i) {
+      TraceRouteHop &hop = hops[i];
+      bundle::terminate_field(hop.host);
+      bundle::terminate_field(hop.address);
+      bundle::terminate_field(hop.rt_times);
+      reply.append("{\"HopHost\":\"%s\",", hop.host);
+      reply.append("\"HopHostAddress\":\"%s\",", hop.address);
+      reply.append("\"HopErrorCode\":%u,", hop.error_code);
+      reply.append("\"HopRTTimes\":\"%s\"}", hop.rt_times);
+      // The comma follows the count, not the cut: a cut list ends with ",]".
+      if (i < count - 1) reply.append("%s", ",");
+    }
+    reply.append("%s", "]");
+    reply.append("%s", "}");
+  } else if (rc == -2) {
+    // "FailReaso1n" (digit one) and "diagonostics" are what Java bundles have always read here.
+    reply.append("%s",
+                 "{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
+  } else {
+    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
+  }
+
+  if (hops != nullptr) free(hops);
+  BUNDLE_TRACE("getTraceRouteDiagnosticsResultJni: return json = %s   leave============>\n",
+               reply.c_str());
+  return bundle::new_reply_string(env, reply.c_str());
+}
+
+}  // extern "C"

@@ -1,0 +1,78 @@
+// JSON parameter texts of the diagnostics natives: a flat object whose members are read by
+// name; each value is the text of the member's value node, so a JSON number (2500) and a JSON
+// string ("2500") read alike.
+#ifndef BUNDLE_ACCESSSERVICES_DIAG_PARAMS_H
+#define BUNDLE_ACCESSSERVICES_DIAG_PARAMS_H
+
+#include <jni.h>
+#include <json.h>
+#include <stdint.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "common/java_chars.h"
+
+namespace bundle {
+
+inline int32_t param_int(const char *text);
+
+// A parsed parameter text, freed when it goes out of scope (freeing it changes no reply).
+// Before a successful parse() it has no members, so every lookup gives its default.
+class ParamTree {
+ public:
+  ParamTree() : root_(nullptr) {}
+  ~ParamTree() { json_free_value(&root_); }
+  ParamTree(const ParamTree &) = delete;
+  ParamTree &operator=(const ParamTree &) = delete;
+
+  // True when mjson parsed `text` into a tree.
+  bool parse(const char *text) { return json_parse_document(&root_, text) == JSON_OK && root_ != nullptr; }
+
+  // The value text of member `key`, or NULL when the member, its value node or the value's
+  // text is missing (objects, arrays, true, false and null have no text).
+  const char *text(const char *key) const {
+    const json_t *label = json_find_first_label(root_, key);
+    if (label == nullptr || label->child == nullptr) return nullptr;
+    return label->child->text;
+  }
+
+  // The member's value converted with param_int, or `dflt` when text(key) is NULL.
+  int32_t int_or(const char *key, int32_t dflt) const {
+    const char *value = text(key);
+    return value != nullptr ? param_int(value) : dflt;
+  }
+
+ private:
+  json_t *root_;
+};
+
+// atoi (and atol) as the gateway's 32-bit C library computes them: leading blanks, an optional
+// sign and decimal digits, saturated at the 32-bit range, so every build of the library
+// reads an out-of-range value the same way.
+inline int32_t param_int(const char *text) {
+  long long v = strtoll(text, nullptr, 10);
+  if (v > INT32_MAX) return INT32_MAX;
+  if (v < INT32_MIN) return INT32_MIN;
+  return static_cast<int32_t>(v);
+}
+
+// True for a NULL or empty Java text.
+inline bool is_null_or_empty(const char *text) { return text == nullptr || text[0] == '\0'; }
+
+// Copies the Java target host into a request record's 256-byte field and gives the text back.
+// A host that cannot be had, is empty, or is 256 bytes or longer is refused (false), and its
+// text is then deliberately left unreleased, as the start natives always did.
+inline bool take_host(JNIEnv *env, jstring jhost, char (&field)[256]) {
+  JavaChars host(env, jhost);
+  if (is_null_or_empty(host.get()) || strnlen(host.get(), sizeof field) >= sizeof field) {
+    host.keep();
+    return false;
+  }
+  memcpy(field, host.get(), strlen(host.get()) + 1);
+  host.release();
+  return true;
+}
+
+}  // namespace bundle
+
+#endif

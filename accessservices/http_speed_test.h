@@ -1,0 +1,83 @@
+// What the HTTP upload and download diagnostics share: the optional test parameters and the
+// result reply, whose "Result" is the test state as a text.
+#ifndef BUNDLE_ACCESSSERVICES_HTTP_SPEED_TEST_H
+#define BUNDLE_ACCESSSERVICES_HTTP_SPEED_TEST_H
+
+#include "accessservices/diag_params.h"
+#include "common/platform_diag.h"
+#include "common/reply.h"
+
+namespace bundle {
+
+// Measurement offset, duration and connections from the parameter tree. Each keeps the low
+// 16 bits of its value; out-of-range values fall back to the defaults rather than being refused.
+inline void read_http_options(const ParamTree &params, HttpSpeedTestRequest *req) {
+  req->measurement_offset = static_cast<uint16_t>(params.int_or("MeasurementOffset", 0));
+  if (req->measurement_offset >= 301) req->measurement_offset = 0;
+  req->duration = static_cast<uint16_t>(params.int_or("TestDuration", 30));
+  if (req->duration >= 301) req->duration = 30;
+  req->connections = static_cast<uint16_t>(params.int_or("NumberOfConnections", 1));
+  if (req->connections >= 5) req->connections = 1;
+}
+
+// Fetches the state of the test in `direction` and composes its reply. An unknown state code
+// leaves the reply empty.
+inline void http_result_reply(Reply<1024> &reply, uint32_t direction) {
+  HttpSpeedTestResult res;
+  memset(&res, 0, sizeof res);
+  res.direction = direction;
+  brelo_getHttpSpeedTestDiagnostics(&res);  // the state word tells, not the return value
+  switch (res.state) {
+    case kHttpOtherError:
+      reply.append("%s", "{\"Result\":\"Other_Error\"}");
+      break;
+    case kHttpErrorTimeout:
+      reply.append("%s", "{\"Result\":\"Error_Timeout\"}");
+      break;
+    case kHttpErrorNoResponse:
+      reply.append("%s", "{\"Result\":\"Error_NoResponse\"}");
+      break;
+    case kHttpErrorInitConnectionFailed:
+      reply.append("%s", "{\"Result\":\"Error_InitConnectionFailed\"}");
+      break;
+    case kHttpCompleted:
+      terminate_field(res.rom_time);
+      terminate_field(res.bom_time);
+      terminate_field(res.eom_time);
+      terminate_field(res.tcp_open_request_time);
+      terminate_field(res.tcp_open_response_time);
+      if (direction == kHttpUpload) {
+        // "TotalBytesSend" beside "TestBytesSent" is the name Java bundles read.
+        reply.append("{\"Result\":\"Completed\", \"TestUploadRate\":%u, \"TotalUploadRate\":%u, "
+                     "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
+                     "\"TestBytesSent\":%llu, \"TotalBytesSend\":%llu, "
+                     "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
+                     res.test_rate, res.total_rate, res.rom_time, res.bom_time, res.eom_time,
+                     static_cast<unsigned long long>(res.test_bytes),
+                     static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
+                     res.tcp_open_response_time);
+      } else {
+        reply.append("{\"Result\":\"Completed\", \"TestDownloadRate\":%u, \"TotalDownloadRate\":%u, "
+                     "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
+                     "\"TestBytesReceived\":%llu, \"TotalBytesReceived\":%llu, "
+                     "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
+                     res.test_rate, res.total_rate, res.rom_time, res.bom_time, res.eom_time,
+                     static_cast<unsigned long long>(res.test_bytes),
+                     static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
+                     res.tcp_open_response_time);
+      }
+      break;
+    case kHttpRequested:
+      reply.append("%s", "{\"Result\":\"Requested\"}");
+      break;
+    case kHttpNone:
+      reply.append("%s", "{\"Result\":\"None\"}");
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace bundle
+
+#endif
