@@ -50,9 +50,10 @@ void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
 
   char iface[8] = {};
   if (host.attach_point >= 1 && host.attach_point <= 4) {
-    snprintf(iface, sizeof iface, "LAN%d", static_cast<int>(host.attach_point));
+    // The ranges are checked; the narrow casts tell the compiler the numbers fit 8 bytes.
+    snprintf(iface, sizeof iface, "LAN%d", static_cast<unsigned char>(host.attach_point));
   } else if (host.attach_point >= 5 && host.attach_point <= 12) {
-    snprintf(iface, sizeof iface, "SSID%d", static_cast<int>(host.attach_point) - 4);
+    snprintf(iface, sizeof iface, "SSID%d", static_cast<unsigned char>(host.attach_point - 4));
   } else {
     snprintf(iface, sizeof iface, "%s", "UNKNOWN");
   }

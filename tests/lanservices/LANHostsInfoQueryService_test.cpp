@@ -577,8 +577,14 @@ class ClassQueryOracle : public LANHostsInfoQueryService {
   int pick(int n) { return static_cast<int>(rng_() % static_cast<unsigned>(n)); }
   std::string random_mac() {
     char mac[18];
-    snprintf(mac, sizeof mac, "%02X:%02X:%02X:%02X:%02X:%02X", pick(3), pick(256), pick(4), 0x10, pick(256),
-             pick(2) ? 0xAB : pick(256));
+    // One pick per statement: argument evaluation order differs between compilers and CPUs,
+    // and every tier must generate the same tables.
+    int b0 = pick(3);
+    int b1 = pick(256);
+    int b2 = pick(4);
+    int b4 = pick(256);
+    int b5 = pick(2) ? 0xAB : pick(256);
+    snprintf(mac, sizeof mac, "%02X:%02X:%02X:%02X:%02X:%02X", b0, b1, b2, 0x10, b4, b5);
     return mac;
   }
   // Text made of pieces of other hosts' MAC texts, whole ones, lower-case ones, runs of MAC
@@ -615,7 +621,9 @@ class ClassQueryOracle : public LANHostsInfoQueryService {
       sim_set(s.c_str(), "mac", pool_[pick(static_cast<int>(pool_.size()))].c_str());
       sim_set(s.c_str(), "dhcp_name", random_text(fat ? 300 : 40).c_str());
       sim_set(s.c_str(), "device_name", random_text(fat ? 300 : 40).c_str());
-      sim_set(s.c_str(), "ip", ("192.168." + std::to_string(pick(256)) + "." + std::to_string(pick(256))).c_str());
+      int ip3 = pick(256);
+      int ip4 = pick(256);
+      sim_set(s.c_str(), "ip", ("192.168." + std::to_string(ip3) + "." + std::to_string(ip4)).c_str());
       sim_set(s.c_str(), "ipv6", pick(3) == 0 ? ("fe80::" + random_text(60)).c_str() : "");
       sim_set(s.c_str(), "port", std::to_string(pick(15) - 1).c_str());
       sim_set(s.c_str(), "online", (rng_() % 1000) < offline_share * 1000 ? "0" : "1");
