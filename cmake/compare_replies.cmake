@@ -18,8 +18,10 @@ if(NOT rc EQUAL 0)
   message(FATAL_ERROR "MIPS unit tests failed while transcribing")
 endif()
 
-file(STRINGS "${host_file}" host_lines)
-list(LENGTH host_lines n)
+# Counted by line feeds: replies hold brackets, which CMake lists do not keep apart.
+file(READ "${host_file}" host_text)
+string(REGEX MATCHALL "\n" feeds "${host_text}")
+list(LENGTH feeds n)
 execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${host_file}" "${mips_file}"
                 RESULT_VARIABLE differ)
 if(differ)
