@@ -62,9 +62,10 @@ final class ArgumentParser {
     /**
      * Splits a batch line into arguments. Arguments are separated by whitespace, except
      * that a double-quoted part ({@code "two words"}, inside which {@code \"} and
-     * {@code \\} stand for a quote and a backslash) and a JSON array starting an argument
-     * ({@code ["a b", "c"]}, brackets and quotes inside strings honoured) stay whole.
-     * The quotes around a quoted part are removed; a JSON array is kept verbatim.
+     * {@code \\} stand for a quote and a backslash) and a JSON array or object starting an
+     * argument ({@code ["a b", "c"]}, {@code {"Timeout":2000}}, brackets and quotes inside
+     * strings honoured) stay whole. The quotes around a quoted part are removed; JSON is kept
+     * verbatim.
      */
     static List<Token> splitLine(String line) throws ArgumentException {
         List<Token> tokens = new ArrayList<Token>();
@@ -84,7 +85,7 @@ final class ArgumentParser {
                 if (c == '"') {
                     quoted = true;
                     i = readQuoted(line, i, sb);
-                } else if (c == '[' && sb.length() == 0 && !quoted) {
+                } else if ((c == '[' || c == '{') && sb.length() == 0 && !quoted) {
                     i = readBracketed(line, i, sb);
                 } else {
                     sb.append(c);
@@ -115,7 +116,10 @@ final class ArgumentParser {
         throw new ArgumentException("unterminated double quote starting at character " + (start + 1));
     }
 
-    /** Reads a [...] part starting at {@code start}; returns the index after the matching ']'. */
+    /**
+     * Reads a JSON array [...] or object {...} starting at {@code start}; returns the index
+     * after the bracket that closes it.
+     */
     private static int readBracketed(String line, int start, StringBuilder sb) throws ArgumentException {
         int depth = 0;
         boolean inString = false;
@@ -133,18 +137,20 @@ final class ArgumentParser {
                 }
             } else if (c == '"') {
                 inString = true;
-            } else if (c == '[') {
+            } else if (c == '[' || c == '{') {
                 depth++;
-            } else if (c == ']') {
+            } else if (c == ']' || c == '}') {
                 depth--;
                 if (depth == 0) {
                     return i;
                 }
             }
         }
+        String what = line.charAt(start) == '[' ? "JSON array" : "JSON object";
         throw new ArgumentException(inString
-                ? "unterminated string inside the JSON array starting at character " + (start + 1)
-                : "unterminated JSON array starting at character " + (start + 1) + " (missing ']')");
+                ? "unterminated string inside the " + what + " starting at character " + (start + 1)
+                : "unterminated " + what + " starting at character " + (start + 1) + " (missing '"
+                        + (line.charAt(start) == '[' ? ']' : '}') + "')");
     }
 
     // ---- conversion --------------------------------------------------------------------

@@ -276,6 +276,18 @@ class ArgumentParserTest {
     }
 
     @Test
+    void keepsJsonObjectsWholeAndVerbatim() throws Exception {
+        String line = "IPPingDiagnosticsService startIPPingDiagnosticsJni 1 www.example.com "
+                + "{\"Timeout\": 2000, \"Host\":\"a } b\", \"n\":{\"x\":[1]}} tail";
+        assertEquals(list("IPPingDiagnosticsService", "startIPPingDiagnosticsJni", "1", "www.example.com",
+                "{\"Timeout\": 2000, \"Host\":\"a } b\", \"n\":{\"x\":[1]}}", "tail"),
+                texts(ArgumentParser.splitLine(line)));
+        ArgumentException e = assertThrows(ArgumentException.class,
+                () -> ArgumentParser.splitLine("A m {\"open\":1"));
+        assertTrue(e.getMessage().contains("unterminated JSON object starting at character 5"), e.getMessage());
+    }
+
+    @Test
     void bracketInsideAnArgumentIsPlainText() throws Exception {
         assertEquals(list("a[1", "2]"), texts(ArgumentParser.splitLine("a[1 2]")));
     }
