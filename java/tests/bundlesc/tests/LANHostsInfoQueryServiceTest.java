@@ -32,6 +32,21 @@ class LANHostsInfoQueryServiceTest extends GatewayTestBase {
     }
 
     @Test
+    void threeHundredMacsAreReadWithoutPilingUpLocalReferences() {
+        // -Xcheck:jni warns once a native holds more local references than it reserved; the
+        // array reader deletes each element's reference as it goes. Only the first 256 count.
+        defaultGateway();
+        String[] macs = new String[300];
+        for (int i = 0; i < macs.length; i++) {
+            macs[i] = String.format("02:00:00:00:%02X:%02X", i / 256, i % 256);
+        }
+        macs[299] = "00:E0:4C:68:01:A2";
+        assertEquals("{\"Result\":0,\"List\":[]}", service.getLANHostInfoByMACJni(macs));
+        macs[255] = "00:E0:4C:68:01:A2";
+        assertEquals("{\"Result\":0,\"List\":[" + STUDY_PC + "]}", service.getLANHostInfoByMACJni(macs));
+    }
+
+    @Test
     void hostsByInterface() {
         defaultGateway();
         assertEquals("{\"Result\":0,\"List\":[" + STUDY_PC + "]}", service.getLANHostInfoByInterfaceJni("LAN1"));
