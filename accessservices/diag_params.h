@@ -17,20 +17,29 @@ namespace bundle {
 inline int32_t param_int(const char *text);
 
 // A parsed parameter text, freed when it goes out of scope (freeing it changes no reply).
-// Before a successful parse() it has no members, so every lookup gives its default.
+// Before a successful parse() it has no members, so every lookup gives its default. mjson is
+// never handed a NULL tree: the gateway's own build of it does not promise to accept one.
 class ParamTree {
  public:
   ParamTree() : root_(nullptr) {}
-  ~ParamTree() { json_free_value(&root_); }
+  ~ParamTree() {
+    if (root_ != nullptr) json_free_value(&root_);
+  }
   ParamTree(const ParamTree &) = delete;
   ParamTree &operator=(const ParamTree &) = delete;
 
-  // True when mjson parsed `text` into a tree.
-  bool parse(const char *text) { return json_parse_document(&root_, text) == JSON_OK && root_ != nullptr; }
+  // True when mjson parsed `text` into a tree. Whatever a failed parse may have left behind
+  // is forgotten, not freed: it is mjson's to dispose of, and a leak beats a double free.
+  bool parse(const char *text) {
+    if (json_parse_document(&root_, text) == JSON_OK && root_ != nullptr) return true;
+    root_ = nullptr;
+    return false;
+  }
 
   // The value text of member `key`, or NULL when the member, its value node or the value's
   // text is missing (objects, arrays, true, false and null have no text).
   const char *text(const char *key) const {
+    if (root_ == nullptr) return nullptr;
     const json_t *label = json_find_first_label(root_, key);
     if (label == nullptr || label->child == nullptr) return nullptr;
     return label->child->text;

@@ -276,44 +276,12 @@ enum json_error TranslateError(rapidjson::ParseErrorCode code, const TextStream 
 }  // namespace
 }  // namespace mjson_internal
 
-extern "C" enum json_error json_parse_document(json_t **root, const char *text) {
-	using namespace mjson_internal;
+namespace mjson_internal {
 
-	if (root == nullptr || *root != nullptr)
-		return JSON_BAD_TREE_STRUCTURE;
-	if (text == nullptr)
-		return JSON_UNKNOWN_PROBLEM;
-
-	static const unsigned kFlags = rapidjson::kParseIterativeFlag |
-	                               rapidjson::kParseNumbersAsStringsFlag |
-	                               rapidjson::kParseValidateEncodingFlag;
-
-	rapidjson::CrtAllocator stack_allocator;
-	rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, rapidjson::CrtAllocator> reader(
-	    &stack_allocator);
-	TextStream in(text);
-	TreeBuilder builder;
-
-	const rapidjson::ParseResult result = reader.Parse<kFlags>(in, builder);
-	if (!result.IsError()) {
-		*root = builder.root;
-		return JSON_OK;
-	}
-	json_free_value(&builder.root);
-	return TranslateError(result.Code(), in, builder);
-}
-
-extern "C" json_t *json_find_first_label(const json_t *object, const char *label) {
-	if (object == nullptr || label == nullptr || object->type != JSON_OBJECT)
-		return nullptr;
-	for (json_t *member = object->child; member != nullptr; member = member->next) {
-		if (member->text != nullptr && std::strcmp(member->text, label) == 0)
-			return member;
-	}
-	return nullptr;
-}
-
-extern "C" void json_free_value(json_t **value) {
+// Frees a subtree and unlinks it from its parent and siblings. Also used by the parser for
+// a document it refuses, directly rather than through the exported symbol, so that no other
+// definition of json_free_value in the process can stand in for it.
+void FreeTree(json_t **value) {
 	if (value == nullptr || *value == nullptr)
 		return;
 
@@ -339,4 +307,47 @@ extern "C" void json_free_value(json_t **value) {
 		node = following;
 	}
 	*value = nullptr;
+}
+
+}  // namespace mjson_internal
+
+extern "C" enum json_error json_parse_document(json_t **root, const char *text) {
+	using namespace mjson_internal;
+
+	if (root == nullptr || *root != nullptr)
+		return JSON_BAD_TREE_STRUCTURE;
+	if (text == nullptr)
+		return JSON_UNKNOWN_PROBLEM;
+
+	static const unsigned kFlags = rapidjson::kParseIterativeFlag |
+	                               rapidjson::kParseNumbersAsStringsFlag |
+	                               rapidjson::kParseValidateEncodingFlag;
+
+	rapidjson::CrtAllocator stack_allocator;
+	rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, rapidjson::CrtAllocator> reader(
+	    &stack_allocator);
+	TextStream in(text);
+	TreeBuilder builder;
+
+	const rapidjson::ParseResult result = reader.Parse<kFlags>(in, builder);
+	if (!result.IsError()) {
+		*root = builder.root;
+		return JSON_OK;
+	}
+	FreeTree(&builder.root);
+	return TranslateError(result.Code(), in, builder);
+}
+
+extern "C" json_t *json_find_first_label(const json_t *object, const char *label) {
+	if (object == nullptr || label == nullptr || object->type != JSON_OBJECT)
+		return nullptr;
+	for (json_t *member = object->child; member != nullptr; member = member->next) {
+		if (member->text != nullptr && std::strcmp(member->text, label) == 0)
+			return member;
+	}
+	return nullptr;
+}
+
+extern "C" void json_free_value(json_t **value) {
+	mjson_internal::FreeTree(value);
 }
