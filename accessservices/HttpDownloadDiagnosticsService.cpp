@@ -19,7 +19,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
 
   bundle::JavaChars parameter(env, jparameter);
   bundle::ParamTree params;  // a null or empty text: offset 0, duration 30, one connection
-  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+  if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
     BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);

@@ -27,7 +27,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
 
   bundle::JavaChars parameter(env, jparameter);
   bundle::ParamTree params;  // a null or empty text gives every default
-  if (!bundle::is_null_or_empty(parameter.get()) && !params.parse(parameter.get())) {
+  if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
     BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);

@@ -36,6 +36,10 @@ class ParamTree {
     return false;
   }
 
+  // For a parameter text that may be left out: a null or empty text is no tree (every lookup
+  // then gives its default) and is accepted; any other text must parse.
+  bool parse_optional(const char *text) { return text == nullptr || text[0] == '\0' || parse(text); }
+
   // The value text of member `key`, or NULL when the member, its value node or the value's
   // text is missing (objects, arrays, true, false and null have no text).
   const char *text(const char *key) const {

@@ -19,9 +19,7 @@ jstring identity_reply(JNIEnv *env, const char *native, const char *method, cons
   bundle::Reply<1024> reply;
   reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name_field,
                vendor_field, version_field);
-  bundle::trace_printf(native, __LINE__, "%s: return json = %s   leave============>\n", method,
-                       reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return bundle::traced_text_reply(env, native, __LINE__, method, reply.c_str());
 }
 
 }  // namespace

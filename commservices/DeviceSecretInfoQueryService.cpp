@@ -5,17 +5,6 @@
 #include "common/native.h"
 #include "common/platform_device.h"
 
-namespace {
-
-// Closing trace (under the native's name) and reply of a platform text.
-jstring text_reply(JNIEnv *env, const char *native, int line, const char *method,
-                   const char *text) {
-  bundle::trace_printf(native, line, "%s: return json = %s   leave============>\n", method, text);
-  return bundle::new_reply_string(env, text);
-}
-
-}  // namespace
-
 extern "C" {
 
 JNIEXPORT jstring JNICALL
@@ -23,7 +12,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<64> oui;
   brelo_devInfoGetManufacturerOUI(oui.out());
-  return text_reply(env, __func__, __LINE__, "getDeviceManufacturerOUIJni", oui.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceManufacturerOUIJni",
+                                   oui.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -32,7 +22,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
   // 129 bytes, not 128: a 128-character serial number stays terminated.
   bundle::PlatformText<129> serial;
   brelo_devInfoGetSerialNumber(serial.out());
-  return text_reply(env, __func__, __LINE__, "getDeviceSerialNumberJni", serial.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceSerialNumberJni",
+                                   serial.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -40,7 +31,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetDefaultWebPasswd(password.out(), password.size());
-  return text_reply(env, __func__, __LINE__, "getDeviceDefaultWebPasswordJni", password.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultWebPasswordJni",
+                                   password.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -48,7 +40,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> ssid;
   brelo_wlanGetDefaultSSIDName(ssid.out(), ssid.size());
-  return text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1NameJni", ssid.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1NameJni",
+                                   ssid.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -56,7 +49,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_wlanGetDefaultSSIDPasswd(password.out(), password.size());
-  return text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1PasswordJni", password.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1PasswordJni",
+                                   password.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -64,7 +58,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetPasswd(password.out());  // this getter takes no size
-  return text_reply(env, __func__, __LINE__, "getDevicePasswordJni", password.text());
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getDevicePasswordJni",
+                                   password.text());
 }
 
 }  // extern "C"

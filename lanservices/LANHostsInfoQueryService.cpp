@@ -244,9 +244,7 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
     reply.append("%s", "]}");
   }
   if (list != nullptr) free(list);
-  bundle::trace_printf(native, __LINE__, "%s: return json = %s   leave============>\n", method,
-                       reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return bundle::traced_text_reply(env, native, __LINE__, method, reply.c_str());
 }
 
 }  // namespace
