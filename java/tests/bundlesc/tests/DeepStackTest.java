@@ -26,6 +26,17 @@ class DeepStackTest extends GatewayTestBase {
 
     /** The natives that return a text, of every service class declared in java/services. */
     static List<Method> queryNatives() throws ClassNotFoundException {
+        List<Method> queries = new ArrayList<Method>();
+        for (Method m : allNatives()) {
+            if (m.getReturnType() == String.class) {
+                queries.add(m);
+            }
+        }
+        return queries;
+    }
+
+    /** Every native method of every service class declared in java/services, in name order. */
+    static List<Method> allNatives() throws ClassNotFoundException {
         String source = System.getenv("BUNDLE_SOURCE_DIR");
         assertNotNull(source, "BUNDLE_SOURCE_DIR names the source tree");
         File root = new File(source, "java/services/" + ROOT.replace('.', '/'));
@@ -42,7 +53,7 @@ class DeepStackTest extends GatewayTestBase {
                         .getDeclaredMethods();
                 Arrays.sort(methods, (a, b) -> a.getName().compareTo(b.getName()));
                 for (Method m : methods) {
-                    if (Modifier.isNative(m.getModifiers()) && m.getReturnType() == String.class) {
+                    if (Modifier.isNative(m.getModifiers())) {
                         natives.add(m);
                     }
                 }
