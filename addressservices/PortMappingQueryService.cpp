@@ -108,8 +108,8 @@ void append_wan(char *buf, size_t cap, size_t *off, int v) {
     append_opener(buf, cap, off);
     bundle::reply_append(buf, cap, off, RULE_INDEX, slot + 1);
     bundle::reply_append(buf, cap, off, RULE_ENABLED, strcmp(active, "Yes") == 0 ? "TRUE" : "FALSE");
-    bundle::reply_append(buf, cap, off, RULE_EXTERNAL, atoi(startport));
-    bundle::reply_append(buf, cap, off, RULE_INTERNAL, atoi(intport));
+    bundle::reply_append(buf, cap, off, RULE_EXTERNAL, bundle::tree_atoi(startport));
+    bundle::reply_append(buf, cap, off, RULE_INTERNAL, bundle::tree_atoi(intport));
     bundle::reply_append(buf, cap, off, RULE_PROTOCOL, protocol);
     bundle::reply_append(buf, cap, off, RULE_CLIENT, localip);
   }

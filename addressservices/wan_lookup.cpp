@@ -1,5 +1,6 @@
 #include "addressservices/wan_lookup.h"
 
+#include <limits.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -7,6 +8,13 @@
 #include "common/config_tree.h"
 
 namespace bundle {
+
+int tree_atoi(const char *text) {
+  long long value = strtoll(text, nullptr, 10);
+  if (value > INT_MAX) return INT_MAX;
+  if (value < INT_MIN) return INT_MIN;
+  return static_cast<int>(value);
+}
 
 int getValidIFIndex(int *out, int room) {
   char list[128] = {0};
@@ -17,7 +25,7 @@ int getValidIFIndex(int *out, int room) {
   // count stops at the caller's room so a longer list is cut rather than written past `out`.
   for (char *tok = strtok_r(list, ",", &save); tok != nullptr && count < room;
        tok = strtok_r(nullptr, ",", &save))
-    out[count++] = atoi(tok);
+    out[count++] = tree_atoi(tok);
   return count;
 }
 
@@ -29,7 +37,7 @@ int getPVCEntryByIFIdx(int wanIndex, int *pvc, int *entry) {
     char ifidx[16] = {0};
     snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", valid[i] >> 3, valid[i] & 7);
     tree_get(node, "IFIdx", ifidx);
-    if (atoi(ifidx) == wanIndex) {
+    if (tree_atoi(ifidx) == wanIndex) {
       *pvc = valid[i] >> 3;
       *entry = valid[i] & 7;
       return 0;

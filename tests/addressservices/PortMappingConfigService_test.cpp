@@ -280,6 +280,14 @@ TEST_F(PortMappingConfig, AddBoundsAValidListOfAHundredValues) {
   EXPECT_EQ(add(2, 80, 80, "TCP", "10.0.0.1"), -1);  // only separators within the buffer
 }
 
+TEST_F(PortMappingConfig, IndexesBeyondTheIntRangeSaturate) {
+  // "IFIdx" and the list read as the 32-bit gateway reads them, the same on every build.
+  sim_set("tcapi WanInfo_Common", "ValidIFIndex", "99999999999");
+  wan("Wan_PVC268435455_Entry7", "2147483648", "INTERNET");
+  EXPECT_EQ(add(INT_MAX, 80, 80, "TCP", "10.0.0.1"), 0);
+  EXPECT_EQ(attr("VirServer_Entry2147483647_Entry0", "MapName"), "OSGI_Add_Rule_2147483647_0");
+}
+
 TEST_F(PortMappingConfig, AddNamesNodesOfAnyListedIndex) {
   sim_set("tcapi WanInfo_Common", "ValidIFIndex", "-1,2147483647");
   wan("Wan_PVC-1_Entry7", "6", "INTERNET");

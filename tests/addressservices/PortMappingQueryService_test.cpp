@@ -139,13 +139,24 @@ TEST_F(PortMappingQuery, ValuesLongerThanTheirReadBuffersAreCut) {
   rule(8, 0, std::string(100, 'P'), "123456789012345678901234567890123", std::string(30, '5'),
        std::string(100, 'C'), "Yes" + std::string(100, 's'));
   // IFIdx cut at 15, ServiceList at 31, VLANID at 15, the name at 63; STARTPORT at 31, INTPORT at
-  // 15 digits (atoi then saturates as the C library's does), Protocal and LOCALIP at 31.
+  // 15 digits (numbers beyond int saturate, as the gateway's 32-bit C library reads them),
+  // Protocal and LOCALIP at 31.
   std::string name = std::string(15, '7') + "_" + std::string(31, 'S') + "_R_VID_" + std::string(15, '9');
   name = name.substr(0, 63);
-  std::string ext = std::to_string(atoi("1234567890123456789012345678901"));
-  std::string in = std::to_string(atoi(std::string(15, '5').c_str()));
+  std::string ext = "2147483647";
+  std::string in = "2147483647";
   EXPECT_EQ(query(), "{\"Result\":0, \"List\":[{\"WANName\":\"" + name + "\",\"MapList\":[" +
                          rule_json(1, "FALSE", ext, in, std::string(31, 'P'), std::string(31, 'C')) + "]}]}");
+}
+
+TEST_F(PortMappingQuery, PortsBeyondTheIntRangeSaturate) {
+  node_set("WanInfo_Common", "ValidIFIndex", "8");
+  wan(8, "2", "INTERNET", "Route", "TAG", "41");
+  rule(8, 0, "TCP", "-99999999999", "2147483648", "10.0.0.1", "Yes");
+  rule(8, 1, "TCP", " +65535x", "-2147483648", "10.0.0.1", "Yes");
+  EXPECT_EQ(query(), "{\"Result\":0, \"List\":[{\"WANName\":\"2_INTERNET_R_VID_41\",\"MapList\":[" +
+                         rule_json(1, "TRUE", "-2147483648", "2147483647", "TCP", "10.0.0.1") + "," +
+                         rule_json(2, "TRUE", "65535", "-2147483648", "TCP", "10.0.0.1") + "]}]}");
 }
 
 TEST_F(PortMappingQuery, TheLongestReplyOfThirtyTwoWansFitsWhole) {
