@@ -1,38 +1,14 @@
 // What Java receives when the heap reply of the port-mapping query can't be allocated.
 //
-// This executable is linked with -Wl,--wrap=malloc and -Wl,--wrap=calloc and contains the
-// query service's own object code (it does not load libbundle_sc.so), so every malloc/calloc
-// the native makes goes through the wrappers below; armed, they fail the first allocation.
+// (See tests/alloc_wrap.h for how allocation is made to fail.)
 #include <stddef.h>
 #include <stdlib.h>
 
 #include <string>
 #include <vector>
 
+#include "tests/alloc_wrap.h"
 #include "tests/test_support.h"
-
-extern "C" {
-void *__real_malloc(size_t size);
-void *__real_calloc(size_t count, size_t size);
-}
-
-namespace {
-
-bool g_fail = false;
-size_t g_last_size = 0;
-
-}  // namespace
-
-extern "C" void *__wrap_malloc(size_t size) {
-  if (g_fail) return nullptr;
-  return __real_malloc(size);
-}
-
-extern "C" void *__wrap_calloc(size_t count, size_t size) {
-  g_last_size = count * size;
-  if (g_fail) return nullptr;
-  return __real_calloc(count, size);
-}
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_##m
 extern "C" {
@@ -48,8 +24,17 @@ using testsupport::mask_line_numbers;
 class PortMappingReplyAllocation : public testsupport::BridgeTest {
  protected:
   void TearDown() override {
-    g_fail = false;
+    allocwrap::disarm();
     BridgeTest::TearDown();
+  }
+  // The size of the last allocation `native` asks for.
+  template <typename F>
+  size_t reply_size(F native) {
+    std::vector<size_t> sizes;
+    allocwrap::arm(0, &sizes);
+    native(env(), self());
+    allocwrap::disarm();
+    return sizes.empty() ? 0 : sizes.back();
   }
 };
 
@@ -58,9 +43,9 @@ TEST_F(PortMappingReplyAllocation, WithoutMemoryTheQueryRepliesNoEnoughMemory) {
   sim_set("tcapi VirServer_Entry8_Entry0", "INTPORT", "80");
   FlagFile flag(TRACE_FLAG_PATH, true);
   CaptureStdout out;
-  g_fail = true;
+  allocwrap::arm(1, nullptr);
   jstring reply = NATIVE(getPortMappingInfoJni)(env(), self());
-  g_fail = false;
+  allocwrap::disarm();
   const std::string fail = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
   EXPECT_EQ(text(reply), fail);
   EXPECT_EQ(mask_line_numbers(out.finish()),
@@ -71,12 +56,10 @@ TEST_F(PortMappingReplyAllocation, WithoutMemoryTheQueryRepliesNoEnoughMemory) {
 }
 
 TEST_F(PortMappingReplyAllocation, TheReplyBufferGrowsWithTheNumberOfWans) {
-  NATIVE(getPortMappingInfoJni)(env(), self());
-  size_t empty = g_last_size;
+  size_t empty = reply_size(NATIVE(getPortMappingInfoJni));
   EXPECT_GE(empty, sizeof("{\"Result\":0, \"List\":[]}"));
   sim_set("tcapi WanInfo_Common", "ValidIFIndex", "8,16");
-  NATIVE(getPortMappingInfoJni)(env(), self());
-  size_t two = g_last_size;
+  size_t two = reply_size(NATIVE(getPortMappingInfoJni));
   EXPECT_GT(two, empty + 2 * 1024);
   EXPECT_LT(two, empty + 2 * 8192);
 }
