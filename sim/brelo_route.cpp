@@ -68,11 +68,17 @@ void hand_out(const std::vector<std::string> &sections, Record **array, int *cou
 
 // The routes of a table: 0 the configured static routes, 1 the routes in force (the other
 // routes in force, then the static ones).
+// A route with a "repeat" count is listed that many times (a long table).
 std::vector<std::string> routes(const char *current, const char *fixed, int which) {
-  std::vector<std::string> out;
-  if (which == ROUTE_TABLE_CURRENT) out = table(current);
+  std::vector<std::string> sections;
+  if (which == ROUTE_TABLE_CURRENT) sections = table(current);
   std::vector<std::string> statics = table(fixed);
-  out.insert(out.end(), statics.begin(), statics.end());
+  sections.insert(sections.end(), statics.begin(), statics.end());
+  std::vector<std::string> out;
+  for (const std::string &s : sections) {
+    long long repeat = sim::get_int(s.c_str(), "repeat", 1);
+    for (long long i = 0; i < repeat && out.size() < 1000000; ++i) out.push_back(s);
+  }
   return out;
 }
 
@@ -124,9 +130,10 @@ SIM_EXPORT int brelo_vlanGetBindInfo(VlanBindRecord **array, int *count) {
   });
   std::vector<std::string> keys;
   for (const auto &b : binds) keys.push_back(b.first);
-  hand_out(keys, array, count, [](const std::string &key, VlanBindRecord *r) {
+  size_t next = 0;
+  hand_out(keys, array, count, [&binds, &next](const std::string &key, VlanBindRecord *r) {
     r->lan_if = atoi(key.c_str());
-    std::string v = sim::get_str(kVlan, key.c_str());
+    const std::string &v = binds[next++].second;
     memcpy(r->bind, v.data(), std::min(v.size(), sizeof r->bind));
   });
   return sim::result("brelo_vlanGetBindInfo", 0);
