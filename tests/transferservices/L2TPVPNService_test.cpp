@@ -322,8 +322,11 @@ TEST_F(Vpn, DomainRoutesOnAnyDevice) {
   char name[] = "nas.home";
   EXPECT_EQ(handle_route_of_domain(name, "ppp0", 0), 0);
   EXPECT_EQ(handle_route_of_domain(name, "ppp0", 1), 0);
+  EXPECT_EQ(handle_route_of_domain(name, "eth0.100:a_b-c9x", 0), -1);  // 16 characters
+  EXPECT_EQ(handle_route_of_domain(name, "eth0.100:a_b-c9", 0), 0);  // 15
   EXPECT_EQ(log(), "gethostbyname(\"nas.home\")\n" + add_cmd("192.168.1.20", "ppp0") +
-                       "gethostbyname(\"nas.home\")\n" + delete_cmd("192.168.1.20", "ppp0"));
+                       "gethostbyname(\"nas.home\")\n" + delete_cmd("192.168.1.20", "ppp0") +
+                       "gethostbyname(\"nas.home\")\n" + add_cmd("192.168.1.20", "eth0.100:a_b-c9"));
 }
 
 TEST_F(Vpn, DomainRouteRefusals) {
