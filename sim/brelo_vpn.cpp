@@ -3,6 +3,7 @@
 // switched on and is up (status 2) from the next status query on, when it lists its addresses.
 #include <string.h>
 
+#include <algorithm>
 #include <string>
 
 #include "common/platform_vpn.h"
