@@ -4,7 +4,7 @@
 //     if (bytes.get() != NULL) rc = brelo_something(bytes.get(), ...);
 //     bytes.release();                         // ReleaseByteArrayElements(..., 0)
 //
-// Failure contract: a null array or a failed pin gives get() == NULL, and then no JNI call at all.
+// Failure contract: a null array or a failed pin gives get() == NULL and no further JNI call.
 #ifndef BUNDLE_COMMON_JAVA_BYTES_H
 #define BUNDLE_COMMON_JAVA_BYTES_H
 
