@@ -1,0 +1,140 @@
+// What Java receives when the heap buffers of the traffic monitoring and mirror natives can't
+// be allocated.
+//
+// How allocation is made to fail: this executable is linked with -Wl,--wrap=malloc and
+// -Wl,--wrap=calloc, and it contains the two services' own object code (it does not load
+// libbundle_sc.so), so every malloc/calloc the natives make goes through the wrappers below.
+// A test arms them to fail the n-th allocation from then on; every other call goes to the C
+// library (or to the sanitizer's allocator in the sanitizer build) unchanged. A buffer that
+// a failing path forgot to free shows up in the sanitizer build's leak check.
+#include <stddef.h>
+#include <stdlib.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/test_support.h"
+
+extern "C" {
+void *__real_malloc(size_t size);
+void *__real_calloc(size_t count, size_t size);
+}
+
+namespace {
+
+int g_fail_at = 0;  // 1-based number of the allocation to fail after arming; 0: none
+int g_counted = 0;
+bool g_armed = false;
+std::vector<size_t> *g_sizes = nullptr;
+
+bool allocation_fails(size_t bytes) {
+  if (!g_armed) return false;
+  ++g_counted;
+  if (g_sizes != nullptr) {
+    g_armed = false;
+    g_sizes->push_back(bytes);
+    g_armed = true;
+  }
+  return g_counted == g_fail_at;
+}
+
+}  // namespace
+
+extern "C" void *__wrap_malloc(size_t size) {
+  if (allocation_fails(size)) return nullptr;
+  return __real_malloc(size);
+}
+
+extern "C" void *__wrap_calloc(size_t count, size_t size) {
+  if (allocation_fails(count * size)) return nullptr;
+  return __real_calloc(count, size);
+}
+
+#define MONITOR(m) Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceImp_##m
+#define MIRROR(m) Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_##m
+extern "C" {
+jint MONITOR(addTrafficMonitoringDestAddressJni)(JNIEnv *, jobject, jobjectArray, jstring);
+jint MONITOR(deleteTrafficMonitoringDestAddressJni)(JNIEnv *, jobject, jobjectArray, jstring);
+jstring MONITOR(getTrafficMonitoringDestAddressInfoJni)(JNIEnv *, jobject);
+jstring MIRROR(getMirroRuleInfoJni)(JNIEnv *, jobject);
+}
+
+namespace {
+
+const char kNoMemory[] = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+
+class TrafficAllocation : public testsupport::BridgeTest {
+ protected:
+  void SetUp() override {
+    BridgeTest::SetUp();
+    sim_set("tcapi TrafficMonitoring_PVC0", "bundleName", "b");
+    sim_set("tcapi TrafficMonitoring_PVC0_Entry0", "destAddressList", "10.0.0.1");
+    sim_set("tcapi TrafficMirror_Entry0", "mirrorToIP", "10.0.0.2");
+    sizes_.reserve(16);
+    g_sizes = &sizes_;
+  }
+  void TearDown() override {
+    disarm();
+    g_sizes = nullptr;
+    BridgeTest::TearDown();
+  }
+  void arm(int fail_at) {
+    sizes_.clear();
+    g_counted = 0;
+    g_fail_at = fail_at;
+    g_armed = true;
+  }
+  static void disarm() { g_armed = false; }
+  std::vector<size_t> sizes_;
+};
+
+TEST_F(TrafficAllocation, MonitoringQueryTakesTwo128KiBBuffers) {
+  arm(0);
+  jstring reply = MONITOR(getTrafficMonitoringDestAddressInfoJni)(env(), self());
+  disarm();
+  EXPECT_EQ(sizes_, std::vector<size_t>({131072, 131072}));
+  EXPECT_EQ(text(reply), "{\"Result\":0,\"List\":[{\"BundleName\":\"b\",\"DestAddressList\":[\"10.0.0.1\"]}]}");
+}
+
+TEST_F(TrafficAllocation, MonitoringQueryWithoutEitherBufferRepliesNoMemory) {
+  for (int n : {1, 2}) {
+    sim_clear_log();
+    arm(n);
+    jstring reply = MONITOR(getTrafficMonitoringDestAddressInfoJni)(env(), self());
+    disarm();
+    EXPECT_EQ(text(reply), kNoMemory) << n;
+    EXPECT_EQ(log(), "") << n;  // the tree is not read
+  }
+}
+
+TEST_F(TrafficAllocation, MirrorQueryTakes32640Bytes) {
+  arm(0);
+  jstring reply = MIRROR(getMirroRuleInfoJni)(env(), self());
+  disarm();
+  EXPECT_EQ(sizes_, std::vector<size_t>({32640}));
+  EXPECT_EQ(text(reply).rfind("{\"Result\":0,\"List\":[{\"RemoteAddress\":\"\"", 0), 0u);
+}
+
+TEST_F(TrafficAllocation, MirrorQueryWithoutMemoryRepliesNoMemory) {
+  arm(1);
+  jstring reply = MIRROR(getMirroRuleInfoJni)(env(), self());
+  disarm();
+  EXPECT_EQ(text(reply), kNoMemory);
+  EXPECT_EQ(log(), "");
+}
+
+TEST_F(TrafficAllocation, AddAndDeleteWithoutTheirAddressArrayFail) {
+  jobjectArray a = jvm().array_of({"10.0.0.9"});
+  jstring name = jvm().str("b");
+  arm(1);
+  EXPECT_EQ(MONITOR(addTrafficMonitoringDestAddressJni)(env(), self(), a, name), -1);
+  disarm();
+  EXPECT_EQ(sizes_, std::vector<size_t>({256 * 128}));
+  arm(1);
+  EXPECT_EQ(MONITOR(deleteTrafficMonitoringDestAddressJni)(env(), self(), a, name), -1);
+  disarm();
+  EXPECT_EQ(log(), "");
+  EXPECT_EQ(jvm().acquired(), 0);
+}
+
+}  // namespace
