@@ -326,6 +326,19 @@ TEST_F(TrafficMirror, LongTextsAreCopiedCutAndComparedCut) {
   EXPECT_EQ(attr(2, "mirrorToIP"), std::string(64, 'm'));
 }
 
+TEST_F(TrafficMirror, HugeTextsInAnyFieldAreRefusedSafely) {
+  std::string huge(70000, '1');
+  std::string huge_alpha(70000, 'a');
+  for (int field = 0; field < 6; ++field) {
+    Rule r;
+    std::string *f[] = {&r.remote, &r.port, &r.direction, &r.protocol, &r.mac, &r.mirror_ip};
+    *f[field] = field == 1 ? huge : huge_alpha;
+    EXPECT_EQ(add(r), -1) << field;
+    ++expected_outstanding_;
+  }
+  EXPECT_EQ(sets(), 0);
+}
+
 TEST_F(TrafficMirror, FullTableGivesMinusTwoButDuplicatesStillTheirIndex) {
   for (int i = 0; i < 255; ++i) {
     Rule r;
