@@ -1,0 +1,363 @@
+// com.lumarest.smartgateway.transferservices.TrafficMirrorServiceImp: rules that copy selected
+// traffic (remote address and port range, direction, protocol, optionally one LAN host) to a
+// mirror host and port.
+//
+// Up to 255 rules live in the configuration tree as nodes TrafficMirror_Entry0..254; an entry
+// is in use exactly when its "mirrorToIP" is non-empty, and its index is the rule's identity
+// towards Java. Every change is applied by a delayed commit of "TrafficMirror"; nothing is
+// saved here.
+#include <regex.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "common/config_tree.h"
+#include "common/ip_valid_check.h"
+#include "common/json_list.h"
+#include "common/native.h"
+#include "common/platform_addrcheck.h"
+#include "common/platform_tcapi.h"
+#include "transferservices/traffic_mirror_rule.h"
+
+namespace {
+
+constexpr int kMirrorEntries = 255;
+constexpr size_t kNodeNameSize = 64;
+constexpr size_t kRuleValueSize = 256;  // reads of the duplicate test and the query
+constexpr size_t kSlotValueSize = 128;  // "mirrorToIP" reads of the slot search
+constexpr size_t kMacMaxLength = 32;
+constexpr int kMaxPort = 65535;
+// 255 entries of 128 bytes: the reply of the rule list (a longer list is cut there).
+constexpr size_t kRuleListSize = 32640;
+
+const char kCommitNode[] = "TrafficMirror";
+constexpr int kCommitDelay = 3;
+
+void rule_node(char (&node)[kNodeNameSize], int index) {
+  snprintf(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
+}
+
+// Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
+void copy_text(char *dst, size_t size, const char *src) {
+  size_t n = strnlen(src, size - 1);
+  memcpy(dst, src, n);
+  dst[n] = '\0';
+}
+
+template <size_t N>
+void copy_text(char (&dst)[N], const char *src) {
+  copy_text(dst, N, src);
+}
+
+// A port ("80"), a negated port ("!80") or a range ("1000-2000"): digits, each number at most
+// 65535, and the lower bound not above the final number. A leading "-" is refused; a "!"
+// together with a range is refused as a non-digit. An empty text passes, and so does
+// "1-2-3" (each "-" moves the number so far into the lower bound).
+int portRangeValidCheck(const char *text) {
+  const char *p = text;
+  const char *dash = strchr(text, '-');
+  if (dash == text) return -1;
+  if (dash == nullptr && *p == '!') ++p;
+  int32_t lower = 0, number = 0;
+  for (; *p != '\0'; ++p) {
+    if (*p == '-') {
+      lower = number;
+      number = 0;
+    } else if (*p >= '0' && *p <= '9') {
+      number = number * 10 + (*p - '0');
+      if (number > kMaxPort) return -1;
+    } else {
+      return -1;
+    }
+  }
+  return lower <= number ? 0 : -1;
+}
+
+// Six pairs of hexadecimal digits of either case separated by ":". -1 also when the pattern
+// does not compile.
+int macValidCheck(const char *mac) {
+  regex_t pattern;
+  if (regcomp(&pattern,
+              "^[0-9a-fA-F]{2}:[0-9a-fA-F]{2}:[0-9a-fA-F]{2}:[0-9a-fA-F]{2}:[0-9a-fA-F]{2}:"
+              "[0-9a-fA-F]{2}$",
+              REG_EXTENDED) != 0)
+    return -1;
+  int status = regexec(&pattern, mac, 0, nullptr, 0);
+  regfree(&pattern);
+  BUNDLE_TRACE("regex: status: %d\n", status);
+  return status == 0 ? 0 : -1;
+}
+
+bool one_of(const char *text, const char *a, const char *b, const char *c) {
+  return strcmp(text, a) == 0 || strcmp(text, b) == 0 || strcmp(text, c) == 0;
+}
+
+// The first entry whose "mirrorToIP" is empty, or -1.
+int find_free_mirror_entry() {
+  for (int i = 0; i < kMirrorEntries; ++i) {
+    char node[kNodeNameSize] = {};
+    char ip[kSlotValueSize] = {};
+    rule_node(node, i);
+    bundle::tree_get(node, "mirrorToIP", ip);
+    if (ip[0] == '\0') return i;
+  }
+  return -1;
+}
+
+// The checks and the store of addMirrorRuleJni. Each Java text is released once copied; on a
+// refusal the text being checked is kept (never released), as the gateway has always done.
+int add_mirror_rule(JNIEnv *env, const char *native, jstring jremote, jstring jport,
+                    jstring jdirection, jstring jprotocol, jstring jmac, jstring jmirror_ip,
+                    jint mirror_port) {
+  char remote[512] = {};
+  char port[64] = {};
+  char direction[64] = {};
+  char protocol[64] = {};
+  char mac[64] = {};
+  char mirror_ip[128] = {};
+
+  // A null remote address means none.
+  if (jremote != nullptr) {
+    bundle::JavaChars text(env, jremote);
+    if (text.is_null()) return -1;
+    if (checkIPDomainVaild(text.get()) < 0) {
+      BUNDLE_TRACE_AS(native, "IP(Domain) %s is not valid\n", text.get());
+      text.keep();  // kept on purpose: a refused text is not given back
+      return -1;
+    }
+    copy_text(remote, text.get());
+    text.release();
+  }
+
+  {
+    bundle::JavaChars text(env, jport);
+    if (text.is_null()) return -1;
+    if (portRangeValidCheck(text.get()) < 0) {
+      BUNDLE_TRACE_AS(native, "remotePort %s is not valid\n", text.get());
+      text.keep();  // kept on purpose: a refused text is not given back
+      return -1;
+    }
+    copy_text(port, text.get());
+    text.release();
+  }
+
+  {
+    bundle::JavaChars text(env, jdirection);
+    if (text.is_null()) return -1;
+    if (!one_of(text.get(), "UP", "DOWN", "ALL")) {
+      BUNDLE_TRACE_AS(native, "direction %s is not valid\n", text.get());
+      text.keep();  // kept on purpose: a refused text is not given back
+      return -1;
+    }
+    copy_text(direction, text.get());
+    text.release();
+  }
+
+  {
+    bundle::JavaChars text(env, jprotocol);
+    if (text.is_null()) return -1;
+    if (!one_of(text.get(), "TCP", "UDP", "TCP/UDP")) {
+      BUNDLE_TRACE_AS(native, "protocol %s is not valid\n", text.get());
+      text.keep();  // kept on purpose: a refused text is not given back
+      return -1;
+    }
+    copy_text(protocol, text.get());
+    text.release();
+  }
+
+  // A null host MAC means none; an empty one is accepted as it is.
+  if (jmac != nullptr) {
+    bundle::JavaChars text(env, jmac);
+    if (text.is_null()) return -1;
+    if (text.get()[0] != '\0') {
+      if (strlen(text.get()) > kMacMaxLength) {
+        BUNDLE_TRACE_AS(native, "%s", "mac len is  too long!\n");  // two blanks, spelled so
+        text.keep();  // kept on purpose: a refused text is not given back
+        return -1;
+      }
+      if (macValidCheck(text.get()) < 0) {
+        BUNDLE_TRACE_AS(native, "%s is an invalid MAC\n", text.get());
+        text.keep();  // kept on purpose: a refused text is not given back
+        return -1;
+      }
+    }
+    copy_text(mac, text.get());
+    text.release();
+  }
+
+  {
+    bundle::JavaChars text(env, jmirror_ip);
+    if (text.is_null()) return -1;
+    if (ipValidCheck(text.get()) < 0 && sc_check_ip6_format(text.get()) < 0) {
+      BUNDLE_TRACE_AS(native, "mirror IP %s is not valid\n", text.get());
+      text.keep();  // kept on purpose: a refused text is not given back
+      return -1;
+    }
+    copy_text(mirror_ip, text.get());
+    text.release();
+  }
+
+  // 1 to 65535, tested as port - 1 < 65535 unsigned.
+  if (static_cast<uint32_t>(mirror_port) - 1u >= static_cast<uint32_t>(kMaxPort)) {
+    BUNDLE_TRACE_AS(native, "mirrorToPort %d is not valid\n", static_cast<int>(mirror_port));
+    return -1;
+  }
+
+  traffic_mirror_rule rule;
+  memset(&rule, 0, sizeof rule);
+  copy_text(rule.remoteAddress, remote);
+  copy_text(rule.remotePort, port);
+  copy_text(rule.direction, direction);
+  copy_text(rule.protocol, protocol);
+  copy_text(rule.hostMAC, mac);
+  copy_text(rule.mirrorToIP, mirror_ip);
+  rule.mirrorToPort = mirror_port;
+  int index = -1;
+  if (is_duplicated_traffic_mirror_rule(&rule, &index)) {
+    // Not an error: the stored rule's index, and nothing committed.
+    BUNDLE_TRACE_AS(native, "%s", "mirror rule is duplicated\n");
+    return index;
+  }
+
+  index = find_free_mirror_entry();
+  if (index < 0) {
+    BUNDLE_TRACE_AS(native, "%s", "Mirror Entry is full\n");
+    return -2;
+  }
+
+  char node[kNodeNameSize] = {};
+  char number[64] = {};
+  rule_node(node, index);
+  tcapi_set(node, "remoteAddress", remote);
+  tcapi_set(node, "remotePort", port);
+  tcapi_set(node, "direction", direction);
+  tcapi_set(node, "protocol", protocol);
+  tcapi_set(node, "hostMAC", mac);
+  tcapi_set(node, "mirrorToIP", mirror_ip);
+  snprintf(number, sizeof number, "%d", static_cast<int>(mirror_port));
+  tcapi_set(node, "mirrorToPort", number);
+  brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
+  return index;
+}
+
+}  // namespace
+
+extern "C" {
+
+int is_duplicated_traffic_mirror_rule(const traffic_mirror_rule *rule, int *index) {
+  if (rule == nullptr) return 0;
+  // The rule's texts, terminated within their fields whatever the caller left there.
+  traffic_mirror_rule r;
+  memcpy(&r, rule, sizeof r);
+  bundle::terminate_field(r.remoteAddress);
+  bundle::terminate_field(r.remotePort);
+  bundle::terminate_field(r.direction);
+  bundle::terminate_field(r.protocol);
+  bundle::terminate_field(r.hostMAC);
+  bundle::terminate_field(r.mirrorToIP);
+
+  char value[kRuleValueSize];  // every read leaves a terminated text (empty when absent)
+  for (int i = 0; i < kMirrorEntries; ++i) {
+    char node[kNodeNameSize] = {};
+    rule_node(node, i);
+    bundle::tree_get(node, "mirrorToIP", value);
+    if (value[0] == '\0' || strcmp(value, r.mirrorToIP) != 0) continue;
+    // Compared in this order, up to the first difference.
+    bundle::tree_get(node, "remoteAddress", value);
+    if (strcmp(value, r.remoteAddress) != 0) continue;
+    bundle::tree_get(node, "remotePort", value);
+    if (strcmp(value, r.remotePort) != 0) continue;
+    bundle::tree_get(node, "direction", value);
+    if (strcmp(value, r.direction) != 0) continue;
+    bundle::tree_get(node, "protocol", value);
+    if (strcmp(value, r.protocol) != 0) continue;
+    bundle::tree_get(node, "hostMAC", value);
+    if (strcmp(value, r.hostMAC) != 0) continue;
+    bundle::tree_get(node, "mirrorToPort", value);
+    if (atoi(value) != r.mirrorToPort) continue;
+    BUNDLE_TRACE("%s:%d===duplicated mirror rule=====\n", __func__, __LINE__);
+    if (index != nullptr) *index = i;
+    return 1;
+  }
+  return 0;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_addMirrorRuleJni(
+    JNIEnv *env, jobject, jstring remoteAddress, jstring remotePort, jstring direction,
+    jstring protocol, jstring hostMAC, jstring mirrorToIP, jint mirrorToPort) {
+  int rc = add_mirror_rule(env, __func__, remoteAddress, remotePort, direction, protocol,
+                           hostMAC, mirrorToIP, mirrorToPort);
+  BUNDLE_TRACE("addMirrorRuleJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteMirrorRuleJni(
+    JNIEnv *, jobject, jint entryIndex) {
+  // The index as given: no range check, no test that the entry exists.
+  char node[kNodeNameSize] = {};
+  rule_node(node, entryIndex);
+  tcapi_unset(node);
+  brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
+  BUNDLE_TRACE("deleteMirrorRuleJni: return code = %d   leave============>\n", 0);
+  return 0;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteAllMirrorRuleJni(
+    JNIEnv *, jobject) {
+  for (int i = 0; i < kMirrorEntries; ++i) {
+    char node[kNodeNameSize] = {};
+    rule_node(node, i);
+    tcapi_unset(node);
+  }
+  brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
+  BUNDLE_TRACE("deleteAllMirrorRuleJni: return code = %d   leave============>\n", 0);
+  return 0;
+}
+
+// "Mirro" is the Java method's own spelling; Java binds by this name.
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirroRuleInfoJni(
+    JNIEnv *env, jobject) {
+  char *reply = static_cast<char *>(malloc(kRuleListSize));
+  if (reply == nullptr) {
+    char failure[128] = {};
+    snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    return bundle::traced_text_reply(env, __func__, __LINE__, "getMirroRuleInfoJni", failure);
+  }
+  reply[0] = '\0';
+  size_t off = 0;
+  bundle::reply_append(reply, kRuleListSize, &off, "%s", "{\"Result\":0,\"List\":[");
+  for (int i = 0; i < kMirrorEntries; ++i) {
+    char node[kNodeNameSize] = {};
+    char mirror_ip[kRuleValueSize] = {};
+    rule_node(node, i);
+    bundle::tree_get(node, "mirrorToIP", mirror_ip);
+    if (mirror_ip[0] == '\0') continue;
+    char remote[kRuleValueSize], port[kRuleValueSize], direction[kRuleValueSize];
+    char protocol[kRuleValueSize], mac[kRuleValueSize], mirror_port[kRuleValueSize];
+    bundle::tree_get(node, "remoteAddress", remote);
+    bundle::tree_get(node, "remotePort", port);
+    bundle::tree_get(node, "direction", direction);
+    bundle::tree_get(node, "protocol", protocol);
+    bundle::tree_get(node, "hostMAC", mac);
+    bundle::tree_get(node, "mirrorToPort", mirror_port);
+    bundle::append_object_opener(reply, kRuleListSize, &off);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"RemoteAddress\":\"%s\",", remote);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"RemotePort\":\"%s\",", port);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"Direction\":\"%s\",", direction);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"Protocol\":\"%s\",", protocol);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"HostMAC\":\"%s\",", mac);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
+    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
+  }
+  bundle::reply_append(reply, kRuleListSize, &off, "%s", "]}");
+  jstring result = bundle::traced_text_reply(env, __func__, __LINE__, "getMirroRuleInfoJni", reply);
+  free(reply);
+  return result;
+}
+
+}  // extern "C"
