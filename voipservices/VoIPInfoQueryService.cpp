@@ -1,0 +1,62 @@
+// com.lumarest.smartgateway.voipservices.VoIPInfoQueryServiceImp: the gateway's analogue
+// telephone ports (POTS lines) with the phone number and line status of each.
+#include <stdlib.h>
+
+#include "common/native.h"
+#include "common/platform_voip.h"
+
+namespace {
+
+// Line status names, indexed by the platform's status code.
+const char *const kLineStatusNames[] = {"SUCCESS",    "IADERROR",   "NOROUTE",
+                                        "NORESPONSE", "ACCOUNTERR", "UNKNOWN"};
+const int kLineStatusCount = static_cast<int>(sizeof kLineStatusNames / sizeof kLineStatusNames[0]);
+
+// A code outside the table reads as "UNKNOWN" rather than past its end.
+const char *line_status_name(int32_t code) {
+  return code >= 0 && code < kLineStatusCount ? kLineStatusNames[code]
+                                              : kLineStatusNames[POTS_STATUS_UNKNOWN];
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_voipservices_VoIPInfoQueryServiceImp_getPOTSInfoJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<1024> reply;
+  PotsLineNode *list = nullptr;
+  int lines = brelo_voipGetNumberOfPOTS();
+  reply.append("{\"Result\":0,\"POTSNum\":%d,\"Info\":[", lines);
+
+  // The separator is empty before the very first object of the reply and "," before every
+  // later one, so several nodes of one line give several objects with the same index.
+  const char *separator = "";
+  for (int line = 1; line <= lines; ++line) {
+    brelo_voipGetLineInfo(line, &list);
+    if (list == nullptr) {
+      // A line without information is listed with an empty number.
+      reply.append("%s{\"POTSIndex\":%d,\"PhoneNumber\":\"%s\",\"LineStatus\":\"%s\"}",
+                   separator, line, "", kLineStatusNames[POTS_STATUS_UNKNOWN]);
+      separator = ",";
+      continue;
+    }
+    for (PotsLineNode *node = list; node != nullptr; node = node->next) {
+      bundle::terminate_field(node->phone_number);
+      reply.append("%s{\"POTSIndex\":%d,\"PhoneNumber\":\"%s\",\"LineStatus\":\"%s\"}",
+                   separator, line, node->phone_number, line_status_name(node->status));
+      separator = ",";
+    }
+    while (list != nullptr) {
+      PotsLineNode *next = list->next;
+      free(list);
+      list = next;
+    }
+  }
+
+  reply.append("]}");
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getPOTSInfoJni", reply.c_str());
+}
+
+}  // extern "C"
