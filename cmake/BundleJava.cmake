@@ -63,7 +63,8 @@ if(bundle_java_tests)
               --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
     set_tests_properties(jvm.${simple} PROPERTIES
       RESOURCE_LOCK gateway_flag_files
-      ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR}"
+      # The simulator's route tool and resolver stand in for the machine's.
+      ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
       # -Xcheck:jni reports misuse as warnings; any of them fails the test.
       FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   endforeach()

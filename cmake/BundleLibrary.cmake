@@ -25,6 +25,25 @@ foreach(target bundle_frame bundle_sc)
                                            ${BUNDLE_WARNINGS})
 endforeach()
 
+# Every frame is measured (-fstack-usage) and bounded: the VM keeps only a small reserve of
+# stack for native code, so no native or helper frame may exceed 16 KiB on any target; stack
+# clash protection probes every page of a frame that grows.
+set(BUNDLE_FRAME_LIMIT 16384)
+foreach(target bundle_frame bundle_sc)
+  target_compile_options(${target} PRIVATE -fstack-usage -fstack-clash-protection)
+endforeach()
+if(BUNDLE_SANITIZE)
+  set(frames_enforced OFF)  # red zones enlarge every frame: measured, not bounded
+else()
+  set(frames_enforced ON)
+endif()
+add_custom_command(TARGET bundle_sc POST_BUILD
+  COMMAND ${CMAKE_COMMAND} "-DDIRS=${CMAKE_BINARY_DIR}/CMakeFiles/bundle_sc.dir;${CMAKE_BINARY_DIR}/CMakeFiles/bundle_frame.dir"
+          -DLIMIT=${BUNDLE_FRAME_LIMIT} -DOUT=${CMAKE_BINARY_DIR}/frame-sizes.txt
+          -DTIER=${BUNDLE_TEST_PREFIX} -DENFORCE=${frames_enforced}
+          -P "${CMAKE_SOURCE_DIR}/cmake/check_frames.cmake"
+  VERBATIM)
+
 # Linked by the C driver: libstdc++ is never a NEEDED entry; -z defs turns any use of the
 # C++ runtime (or of a platform function nobody provides) into a link error.
 set(BUNDLE_MAP "${CMAKE_SOURCE_DIR}/common/libbundle_sc.map")

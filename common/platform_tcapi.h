@@ -1,5 +1,6 @@
-// The gateway's configuration tree (libtcapi.so.1). Nodes hold named text attributes; an
-// absent attribute reads as the empty text.
+// The gateway's configuration tree (libtcapi.so.1) and the platform calls that apply its
+// changes (libbrelo.so.1). Nodes hold named text attributes; an absent attribute reads as the
+// empty text.
 #ifndef BUNDLE_COMMON_PLATFORM_TCAPI_H
 #define BUNDLE_COMMON_PLATFORM_TCAPI_H
 
@@ -12,6 +13,11 @@ int tcapi_set(const char *node, const char *attr, const char *value);
 int tcapi_unset(const char *node);
 // Persists the tree.
 int tcapi_save(void);
+
+// Applies the subsystem of a changed node at once (after tcapi_save).
+int brelo_tcapi_commit(const char *node);
+// Schedules the apply of a node's subsystem after `delay` (the platform's unit).
+int brelo_tcapi_delay_commit(const char *node, int delay);
 }
 
 #endif

@@ -19,7 +19,8 @@ namespace {
 const char kListFailure[] = "{\"Result\":-1,\"List\":[]}";
 const char kListHead[] = "{\"Result\":0,\"List\":[";
 
-// Host lists are composed in a zeroed 64 KiB buffer; a longer list is cut there.
+// Host lists are composed in a zeroed 64 KiB buffer; a longer list is cut there. The buffer
+// lives in the native's heap working struct, never on its stack.
 typedef bundle::Reply<0x10000> HostListReply;
 
 // Length of the text actually in the buffer (the offset keeps counting once a reply is cut).
@@ -216,12 +217,13 @@ void free_hosts(LanHostRecord *&list) {
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
                          const char *native, const char *method) {
-  bundle::MacList list_of_macs(env, macs);
+  bundle::HeapMacList list_of_macs(env, macs);
+  if (!list_of_macs.ok()) return bundle::traced_text_reply(env, native, __LINE__, method, kListFailure);
 
   LanHostStatsRecord *list = nullptr;
   int count = 0;
-  int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, list_of_macs.entries,
-                                                  list_of_macs.count, selector);
+  int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, list_of_macs.entries(),
+                                                  list_of_macs.count(), selector);
 
   bundle::Reply<8192> reply;
   if (rc != 0) {
@@ -263,14 +265,24 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getGatewa
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByMACJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  bundle::MacList list_of_macs(env, macs);
+  struct Work {
+    bundle::MacList macs;
+    HostListReply reply;
+  };
+  bundle::HeapObject<Work> work;
+  if (!work.ok()) {
+    BUNDLE_TRACE("getLANHostInfoByMACJni: return json = %s   leave============>\n", kListFailure);
+    return bundle::new_reply_string(env, kListFailure);
+  }
+  bundle::MacList &list_of_macs = work->macs;
+  list_of_macs.read(env, macs);
 
   LanHostRecord *list = nullptr;
   int count = 0;
   // A count of 0 goes to the platform as it is.
   int rc = brelo_lanGethostInfoByMACArr(&list, &count, list_of_macs.entries, list_of_macs.count);
 
-  HostListReply reply;
+  HostListReply &reply = work->reply;
   if (rc == 0) {
     append_host_list(reply, list, count);
   } else {
@@ -298,7 +310,14 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     }
   }
 
-  HostListReply reply;
+  bundle::HeapObject<HostListReply> work;
+  if (!work.ok()) {
+    name.release();
+    BUNDLE_TRACE("lanservicesgetLANHostInfoBySSIDJni: return json = %s   leave============>\n",
+                 kListFailure);
+    return bundle::new_reply_string(env, kListFailure);
+  }
+  HostListReply &reply = *work;
   LanHostRecord *list = nullptr;
   if (point < 1 || point > 12) {
     reply.append("%s", kListFailure);
@@ -335,7 +354,18 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByClassJni(
     JNIEnv *env, jobject, jstring jclass) {
   bundle::JavaChars name(env, jclass);
-  HostListReply reply;
+  struct Work {
+    HostListReply reply;
+    MacTextIndex index;
+  };
+  bundle::HeapObject<Work> work;
+  if (!work.ok()) {
+    name.release();
+    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
+                 kListFailure);
+    return bundle::new_reply_string(env, kListFailure);
+  }
+  HostListReply &reply = work->reply;
 
   int host_class = -1;
   if (!name.is_null()) {
@@ -377,7 +407,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     offline_walked = true;
   }
 
-  MacTextIndex index;
+  MacTextIndex &index = work->index;
   reply.append("%s", kListHead);
   append_unique_hosts(reply, index, list, count);
 

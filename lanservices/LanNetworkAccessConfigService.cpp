@@ -1,5 +1,6 @@
 // com.lumarest.smartgateway.lanservices.LanNetworkAccessConfigServiceImp: the MAC filter mode
-// and the three MAC lists (network black list, storage black list, trust list).
+// and the three MAC lists (network black list, storage black list, trust list). A MAC list
+// buffer that cannot be allocated answers -1 before any platform call.
 #include "common/array_readers.h"
 #include "common/native.h"
 #include "common/platform_lan.h"
@@ -55,9 +56,9 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_setM
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  bundle::MacList list(env, macs);
+  bundle::HeapMacList list(env, macs);
   // The filter mode is neither read nor changed when adding.
-  int rc = add_each(list.entries, list.count, kAddBlack);
+  int rc = list.ok() ? add_each(list.entries(), list.count(), kAddBlack) : -1;
   BUNDLE_TRACE("addLANHostToBlackListJni: return code = %d   leave============>\n", rc);
   return rc;
 }
@@ -67,8 +68,8 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     JNIEnv *env, jobject, jobjectArray macs) {
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_BLACK)) {
-    bundle::MacList list(env, macs);
-    rc = brelo_macClearFromList(list.entries, list.count, LAN_LIST_BLACK);
+    bundle::HeapMacList list(env, macs);
+    if (list.ok()) rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_BLACK);
   }
   BUNDLE_TRACE("deleteLANHostFromBlackListJni: return code = %d   leave============>\n", rc);
   return rc;
@@ -77,11 +78,14 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  bundle::MacList list(env, macs);
-  int saved_mode = 0;
-  brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
-  int rc = add_each(list.entries, list.count, kAddStorageBlack);
-  brelo_lanSetFilterMode(saved_mode);  // restored whatever the outcome
+  bundle::HeapMacList list(env, macs);
+  int rc = -1;
+  if (list.ok()) {
+    int saved_mode = 0;
+    brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
+    rc = add_each(list.entries(), list.count(), kAddStorageBlack);
+    brelo_lanSetFilterMode(saved_mode);  // restored whatever the outcome
+  }
   BUNDLE_TRACE("addLANHostToStorageBlackListJni: return code = %d   leave============>\n", rc);
   return rc;
 }
@@ -89,12 +93,15 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addL
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_deleteLANHostFromStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  bundle::MacList list(env, macs);
-  int saved_mode = 0;
-  brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
-  // The storage list is cleared whatever the mode is.
-  int rc = brelo_macClearFromList(list.entries, list.count, LAN_LIST_STORAGE_BLACK);
-  brelo_lanSetFilterMode(saved_mode);
+  bundle::HeapMacList list(env, macs);
+  int rc = -1;
+  if (list.ok()) {
+    int saved_mode = 0;
+    brelo_lanGetFilterMode(&saved_mode);  // its result is ignored
+    // The storage list is cleared whatever the mode is.
+    rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_STORAGE_BLACK);
+    brelo_lanSetFilterMode(saved_mode);
+  }
   BUNDLE_TRACE("deleteLANHostFromStorageBlackListJni: return code = %d   leave============>\n",
                rc);
   return rc;
@@ -103,8 +110,8 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToTrustListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  bundle::MacList list(env, macs);
-  int rc = add_each(list.entries, list.count, kAddTrust);
+  bundle::HeapMacList list(env, macs);
+  int rc = list.ok() ? add_each(list.entries(), list.count(), kAddTrust) : -1;
   BUNDLE_TRACE("addLANHostToTrustListJni: return code = %d   leave============>\n", rc);
   return rc;
 }
@@ -114,10 +121,12 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     JNIEnv *env, jobject, jobjectArray macs) {
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_TRUST)) {
-    bundle::MacList list(env, macs);
-    rc = brelo_macClearFromList(list.entries, list.count, LAN_LIST_TRUST);
-    // Unlike the black list, the trust mode is set again after a removal.
-    brelo_lanSetFilterMode(LAN_FILTER_MODE_TRUST);  // its result is ignored
+    bundle::HeapMacList list(env, macs);
+    if (list.ok()) {
+      rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_TRUST);
+      // Unlike the black list, the trust mode is set again after a removal.
+      brelo_lanSetFilterMode(LAN_FILTER_MODE_TRUST);  // its result is ignored
+    }
   }
   BUNDLE_TRACE("deleteLANHostFromTrustListJni: return code = %d   leave============>\n", rc);
   return rc;

@@ -10,6 +10,7 @@
 #include "common/native.h"
 #include "common/platform_tcapi.h"
 #include "common/platform_wlan.h"
+#include "lanservices/lan_hosts.h"
 
 namespace {
 
@@ -252,8 +253,16 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
     JNIEnv *env, jobject, jstring jradioType) {
   int radio = radio_of(env, jradioType);
   static_assert(sizeof(WlanNeighborRecord) * WLAN_MAX_NEIGHBORS == 23040, "23,040 bytes");
-  WlanNeighborRecord list[WLAN_MAX_NEIGHBORS];
-  memset(list, 0, sizeof list);
+  // Too large for the stack frame: the zeroed record array is taken from the heap.
+  struct Neighbors {
+    WlanNeighborRecord list[WLAN_MAX_NEIGHBORS];
+  };
+  bundle::HeapObject<Neighbors> neighbors;
+  if (!neighbors.ok()) {
+    BUNDLE_TRACE("getWLANNeighborJni: return json = %s   leave============>\n", kNoMemory);
+    return nullptr;  // Java receives a null string
+  }
+  WlanNeighborRecord *list = neighbors->list;
   int count = 0;
   int rc = brelo_wlanGetNeighbor(radio, list, &count);
   // The platform is not told the array's capacity: never more than it holds is read.
@@ -300,10 +309,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     JNIEnv *env, jobject, jobjectArray jmacs) {
   static const char kFailure[] = "{\"Result\":-1,\"FailReason\":\"getWLANHostInfo Error\"}";
 
-  char macs[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
-  memset(macs, 0, sizeof macs);
-  int mac_count = 0;
-  brelo_getMacAddrFromJsonArr(env, jmacs, macs, &mac_count);  // its result is not examined
+  // The reader's result is not examined.
+  bundle::HeapMacList mac_list(env, jmacs);
+  if (!mac_list.ok()) {
+    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
+    return bundle::new_reply_string(env, kFailure);
+  }
+  char(*macs)[MAC_ENTRY_SIZE] = mac_list.entries();
+  int mac_count = mac_list.count();
 
   WlanHostRecord hosts[WLAN_MAX_HOSTS];
   memset(hosts, 0, sizeof hosts);

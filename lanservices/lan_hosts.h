@@ -7,6 +7,7 @@
 #include <string.h>
 
 #include "common/array_readers.h"
+#include "common/heap_object.h"
 
 extern "C" {
 // Host class names indexed by the platform's class code: "ONLINE", "OFFLINE", "BLOCK",
@@ -16,17 +17,35 @@ JNIEXPORT extern const char *HostClassStr[4];
 
 namespace bundle {
 
-// The MAC list buffer filled from a Java String[] (the reader's failures are not reported;
-// the natives go on with the entries it has). 32 KiB: lives on the caller's stack.
+// The MAC list buffer (32 KiB: too large for a native's stack frame, so it lives in the
+// native's heap working struct, see common/heap_object.h).
 struct MacList {
-  MacList(JNIEnv *env, jobjectArray macs) : count(0) {
-    memset(entries, 0, sizeof entries);
-    brelo_getMacAddrFromJsonArr(env, macs, entries, &count);
-  }
+  MacList() : entries{}, count(0) {}
   MacList(const MacList &) = delete;
   MacList &operator=(const MacList &) = delete;
+  // Fills the list from a Java String[]. The reader's failures are not reported: the natives
+  // go on with the entries it has.
+  void read(JNIEnv *env, jobjectArray macs) {
+    brelo_getMacAddrFromJsonArr(env, macs, entries, &count);
+  }
   char entries[MAX_MAC_ENTRIES][MAC_ENTRY_SIZE];
   int count;
+};
+
+// The MAC list of a Java String[], read into a buffer of its own on the heap, for natives that
+// need nothing else large. Failure contract: ok() is false, and nothing was read (no JNI call
+// made), when the buffer could not be allocated.
+class HeapMacList {
+ public:
+  HeapMacList(JNIEnv *env, jobjectArray macs) {
+    if (list_.ok()) list_->read(env, macs);
+  }
+  bool ok() const { return list_.ok(); }
+  char (*entries())[MAC_ENTRY_SIZE] { return list_->entries; }
+  int count() const { return list_->count; }
+
+ private:
+  HeapObject<MacList> list_;
 };
 
 // Parses "xx:xx:xx:xx:xx:xx" (hexadecimal digits of either case) into six bytes, first octet

@@ -11,6 +11,7 @@ cmake -S "$here" -B "$build" -DBUILD_TESTING=OFF -DBUNDLE_TIERS=OFF -DBUNDLE_JVM
 cmake --build "$build" -j"$(nproc)" >/dev/null
 
 echo "== libbundle_sc.so against the default simulated gateway (sim/gateway/*.ini)"
-BRELO_SIM_SAVE="$build/sim/tcapi-saved.ini" \
+# libgatewayhost.so: the simulated gateway's route tool and resolver, never the machine's.
+BRELO_SIM_SAVE="$build/sim/tcapi-saved.ini" LD_PRELOAD="$build/lib/libgatewayhost.so" \
   java -Xcheck:jni -Djava.library.path="$build/lib" -cp "$build/java/classes" \
   bundlesc.console.BridgeConsole --batch "$here/scripts/demo.batch"

@@ -14,3 +14,5 @@ cd "$build"
 ctest --output-on-failure
 echo "== library sizes"
 cat "$build/library-size.txt" "$build"/tier-*/library-size.txt 2>/dev/null || true
+echo "== stack frames (the build fails on any frame above the bound)"
+cat "$build/frame-sizes.txt" "$build"/tier-*/frame-sizes.txt 2>/dev/null || true

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "common/config_tree.h"
 #include "common/platform_tcapi.h"
 #include "sim/sim.h"
 
@@ -19,8 +20,12 @@ SIM_EXPORT int tcapi_get(const char *node, const char *attr, char *buf) {
   sim::call("tcapi_get", "\"%s\", \"%s\"", node, attr);
   sim::Guard guard;
   const char *value = sim::get(node_section(node).c_str(), attr);
-  // The real tree does not know the caller's buffer size either: the value is copied whole.
-  strcpy(buf, value != nullptr ? value : "");
+  // The real tree does not know the caller's buffer size either: the value is copied whole,
+  // up to the longest value the tree hands out.
+  const char *text = value != nullptr ? value : "";
+  size_t n = strnlen(text, TREE_VALUE_MAX - 1);
+  memcpy(buf, text, n);
+  buf[n] = '\0';
   return sim::result("tcapi_get", value != nullptr ? 0 : -1);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -10,7 +11,7 @@
 
 namespace fakejni {
 
-enum class Kind { String, Array, LocalRef };
+enum class Kind { String, Array, LocalRef, ByteArray };
 
 struct Object {
   Object(Kind k, int i, const std::string &t) : kind(k), id(i), text(t) {}
@@ -22,6 +23,8 @@ struct Object {
   Object *target = nullptr;        // LocalRef
   bool deleted = false;            // LocalRef
   std::vector<char *> borrowed;    // String: copies handed out, not yet released
+  std::string bytes;               // ByteArray
+  bool fail_pin = false;           // ByteArray
 };
 
 namespace {
@@ -78,6 +81,24 @@ void JNICALL release_string_utf_chars(JNIEnv *, jstring s, const char *chars) {
 
 jstring JNICALL new_string_utf(JNIEnv *, const char *utf) { return FakeJvm::current()->new_string(utf); }
 
+jbyte *JNICALL get_byte_array_elements(JNIEnv *, jbyteArray a, jboolean *is_copy) {
+  if (is_copy != nullptr) *is_copy = JNI_TRUE;
+  return FakeJvm::current()->pin(a);
+}
+
+void JNICALL release_byte_array_elements(JNIEnv *, jbyteArray a, jbyte *elements, jint mode) {
+  FakeJvm::current()->unpin(a, elements, mode);
+}
+
+void JNICALL get_byte_array_region(JNIEnv *, jbyteArray a, jsize start, jsize length, jbyte *out) {
+  FakeJvm::current()->copy_region(a, start, length, out);
+}
+
+// Pinned copies sit between guard bytes, as a checking JVM places them, so a write outside
+// the elements is found when they are released.
+constexpr size_t kGuard = 32;
+constexpr unsigned char kGuardByte = 0xA5;
+
 }  // namespace
 
 FakeJvm::FakeJvm() {
@@ -89,6 +110,9 @@ FakeJvm::FakeJvm() {
   table_.GetStringUTFChars = get_string_utf_chars;
   table_.ReleaseStringUTFChars = release_string_utf_chars;
   table_.NewStringUTF = new_string_utf;
+  table_.GetByteArrayElements = get_byte_array_elements;
+  table_.ReleaseByteArrayElements = release_byte_array_elements;
+  table_.GetByteArrayRegion = get_byte_array_region;
   env_.functions = &table_;
   g_current = this;
 }
@@ -96,6 +120,7 @@ FakeJvm::FakeJvm() {
 FakeJvm::~FakeJvm() {
   for (auto &o : objects_)
     for (char *c : o.borrowed) free(c);
+  for (auto &p : pins_live_) free(p.block);
   if (g_current == this) g_current = nullptr;
 }
 
@@ -131,6 +156,101 @@ jobjectArray FakeJvm::array_of(const std::vector<std::string> &texts) {
   return array(elements);
 }
 
+jbyteArray FakeJvm::bytes(const std::vector<jbyte> &contents) {
+  return bytes_of(std::string(contents.begin(), contents.end()));
+}
+
+jbyteArray FakeJvm::bytes_of(const std::string &contents) {
+  objects_.emplace_back(Object(Kind::ByteArray, next_id_++, ""));
+  objects_.back().bytes = contents;
+  return reinterpret_cast<jbyteArray>(&objects_.back());
+}
+
+jbyteArray FakeJvm::failing_bytes(const std::string &contents) {
+  jbyteArray a = bytes_of(contents);
+  resolve(a)->fail_pin = true;
+  return a;
+}
+
+std::string FakeJvm::contents(jbyteArray a) const {
+  Object *o = const_cast<FakeJvm *>(this)->resolve(a);
+  return o != nullptr && o->kind == Kind::ByteArray ? o->bytes : std::string();
+}
+
+int FakeJvm::pinned() const { return static_cast<int>(pins_live_.size()); }
+
+bool FakeJvm::lent(const void *addr, long length) const {
+  if (length < 0) return false;
+  uintptr_t begin = reinterpret_cast<uintptr_t>(addr);
+  for (auto &p : pins_live_) {
+    uintptr_t base = reinterpret_cast<uintptr_t>(p.block + kGuard);
+    if (begin >= base && begin - base <= p.length &&
+        static_cast<size_t>(length) <= p.length - (begin - base))
+      return true;
+  }
+  return false;
+}
+
+jbyte *FakeJvm::pin(jbyteArray a) {
+  Object *o = resolve(a);
+  event("GetByteArrayElements(" + name(a) + ")");
+  ++pins_;
+  if (o == nullptr || o->kind != Kind::ByteArray) {
+    error("GetByteArrayElements on a null or non-byte-array object");
+    return nullptr;
+  }
+  if (o->fail_pin) {
+    pending_exception_ = "java/lang/OutOfMemoryError";
+    return nullptr;
+  }
+  size_t n = o->bytes.size();
+  char *block = static_cast<char *>(malloc(n + 2 * kGuard));
+  memset(block, kGuardByte, n + 2 * kGuard);
+  if (n > 0) memcpy(block + kGuard, o->bytes.data(), n);
+  pins_live_.push_back(Pin{o, block, n});
+  return reinterpret_cast<jbyte *>(block + kGuard);
+}
+
+void FakeJvm::unpin(jbyteArray a, jbyte *elements, jint mode) {
+  Object *o = resolve(a);
+  event("ReleaseByteArrayElements(" + name(a) + "," + std::to_string(mode) + ")");
+  ++pin_releases_;
+  release_modes_.push_back(mode);
+  for (auto it = pins_live_.begin(); it != pins_live_.end(); ++it) {
+    if (it->array != o || reinterpret_cast<char *>(elements) != it->block + kGuard) continue;
+    for (size_t i = 0; i < kGuard; ++i) {
+      if (static_cast<unsigned char>(it->block[i]) != kGuardByte ||
+          static_cast<unsigned char>(it->block[kGuard + it->length + i]) != kGuardByte) {
+        error("pinned byte[] written outside its elements");
+        break;
+      }
+    }
+    if (mode == 0 || mode == JNI_COMMIT) o->bytes.assign(it->block + kGuard, it->length);
+    if (mode != JNI_COMMIT) {
+      free(it->block);
+      pins_live_.erase(it);
+    }
+    return;
+  }
+  error("ReleaseByteArrayElements of elements not pinned from this array");
+}
+
+void FakeJvm::copy_region(jbyteArray a, jsize start, jsize length, jbyte *out) {
+  Object *o = resolve(a);
+  event("GetByteArrayRegion(" + name(a) + "," + std::to_string(start) + "," +
+        std::to_string(length) + ")");
+  if (o == nullptr || o->kind != Kind::ByteArray) {
+    error("GetByteArrayRegion on a null or non-byte-array object");
+    return;
+  }
+  long long size = static_cast<long long>(o->bytes.size());
+  if (start < 0 || length < 0 || static_cast<long long>(start) + length > size) {
+    pending_exception_ = "java/lang/ArrayIndexOutOfBoundsException";
+    return;
+  }
+  if (length > 0) memcpy(out, o->bytes.data() + start, static_cast<size_t>(length));
+}
+
 Object *FakeJvm::resolve(jobject o) {
   if (o == nullptr) return nullptr;
   Object *obj = reinterpret_cast<Object *>(o);
@@ -144,7 +264,8 @@ Object *FakeJvm::resolve(jobject o) {
 std::string FakeJvm::name(jobject o) {
   Object *obj = resolve(o);
   if (obj == nullptr) return "null";
-  return (obj->kind == Kind::Array ? "a" : "s") + std::to_string(obj->id);
+  const char *prefix = obj->kind == Kind::Array ? "a" : obj->kind == Kind::ByteArray ? "b" : "s";
+  return prefix + std::to_string(obj->id);
 }
 
 jobject FakeJvm::new_local(Object *target) {

@@ -31,6 +31,14 @@ class FakeJvm {
   // A Java String[] of the given elements (a null element stays null).
   jobjectArray array(const std::vector<jstring> &elements);
   jobjectArray array_of(const std::vector<std::string> &texts);
+  // A Java byte[] holding `contents`.
+  jbyteArray bytes(const std::vector<jbyte> &contents);
+  jbyteArray bytes_of(const std::string &contents);
+  // A byte[] the JVM cannot pin: GetByteArrayElements returns NULL with an OutOfMemoryError
+  // pending.
+  jbyteArray failing_bytes(const std::string &contents = "x");
+  // The current contents of a byte[] (what Java would see).
+  std::string contents(jbyteArray a) const;
 
   // The bytes of a string made by the library with NewStringUTF; "<null>" for NULL.
   std::string text(jstring s) const;
@@ -44,6 +52,19 @@ class FakeJvm {
   int live_local_refs() const { return live_locals_; }
   int max_live_local_refs() const { return max_live_locals_; }
   int new_strings() const { return new_strings_; }
+  int pins() const { return pins_; }                   // GetByteArrayElements calls
+  int pin_releases() const { return pin_releases_; }   // ReleaseByteArrayElements calls
+  int pinned() const;                                  // pinned buffers not given back
+  // The modes of the ReleaseByteArrayElements calls, in order.
+  const std::vector<jint> &release_modes() const { return release_modes_; }
+  // True when [addr, addr + length) lies within one buffer pinned now: memory the library
+  // may lend to the platform.
+  bool lent(const void *addr, long length) const;
+  // The exception a JNI call left pending ("" for none), e.g. when GetByteArrayRegion was
+  // asked for elements outside the array. While one is pending, any JNI call but the
+  // releases, DeleteLocalRef and the exception queries is misuse.
+  const std::string &pending_exception() const { return pending_exception_; }
+  void clear_exception() { pending_exception_.clear(); }
   // Misuse seen: bad release pointers, double releases, invalid modified UTF-8, ...
   const std::vector<std::string> &errors() const { return errors_; }
   // Every JNI call in order, e.g. "GetStringUTFChars(s1)", "ReleaseStringUTFChars(s1,NULL)".
@@ -62,11 +83,19 @@ class FakeJvm {
   std::string name(jobject o);
   jobject new_local(Object *target);
   void delete_local(jobject o);
-  void event(const std::string &e) { events_.push_back(e); }
+  void event(const std::string &e) {
+    if (!pending_exception_.empty() && e.rfind("Release", 0) != 0 &&
+        e.rfind("DeleteLocalRef", 0) != 0 && e.rfind("Exception", 0) != 0)
+      error("JNI call with an exception pending: " + e);
+    events_.push_back(e);
+  }
   void error(const std::string &e) { errors_.push_back(e); }
   const char *get_chars(jstring s);
   void release_chars(jstring s, const char *chars);
   jstring new_string(const char *utf);
+  jbyte *pin(jbyteArray a);
+  void unpin(jbyteArray a, jbyte *elements, jint mode);
+  void copy_region(jbyteArray a, jsize start, jsize length, jbyte *out);
 
  private:
   JNINativeInterface_ table_;
@@ -80,6 +109,15 @@ class FakeJvm {
   bool release_by_pointer_ = false;
   std::vector<std::string> errors_;
   std::vector<std::string> events_;
+  struct Pin {
+    Object *array;
+    char *block;  // guard bytes, the elements, guard bytes
+    size_t length;
+  };
+  std::vector<Pin> pins_live_;
+  int pins_ = 0, pin_releases_ = 0;
+  std::vector<jint> release_modes_;
+  std::string pending_exception_;
 };
 
 // True when `s` is valid modified UTF-8 (what NewStringUTF requires).

@@ -73,6 +73,7 @@ void BridgeTest::SetUp() {
 
 void BridgeTest::TearDown() {
   EXPECT_EQ(jvm_->outstanding(), expected_outstanding_) << "Java texts left borrowed";
+  EXPECT_EQ(jvm_->pinned(), 0) << "Java byte arrays left pinned";
   for (auto &e : jvm_->errors()) ADD_FAILURE() << "JNI misuse: " << e;
   jvm_.reset();
   trace_flag_.reset();

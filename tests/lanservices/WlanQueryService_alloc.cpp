@@ -1,53 +1,13 @@
-// What Java receives when the heap replies of the WLAN neighbour and station queries can't be
-// allocated.
-//
-// How allocation is made to fail: this executable is linked with -Wl,--wrap=malloc and
-// -Wl,--wrap=calloc, and it contains the query service's own object code (it does not load
-// libbundle_sc.so), so every malloc/calloc the natives make goes through the wrappers below.
-// A test arms them to fail the n-th allocation from then on; every other call goes to the C
-// library (or to the sanitizer's allocator in the sanitizer build) unchanged.
+// What Java receives when the heap buffers of the WLAN neighbour and station queries can't be
+// allocated (see tests/alloc_wrap.h for how allocation is made to fail).
 #include <stddef.h>
 #include <stdlib.h>
 
 #include <string>
 #include <vector>
 
+#include "tests/alloc_wrap.h"
 #include "tests/test_support.h"
-
-extern "C" {
-void *__real_malloc(size_t size);
-void *__real_calloc(size_t count, size_t size);
-}
-
-namespace {
-
-int g_fail_at = 0;     // 1-based number of the allocation to fail after arming; 0: none
-int g_counted = 0;     // allocations made since arming
-bool g_armed = false;
-std::vector<size_t> *g_sizes = nullptr;  // sizes asked for since arming
-
-bool allocation_fails(size_t bytes) {
-  if (!g_armed) return false;
-  ++g_counted;
-  if (g_sizes != nullptr) {
-    g_armed = false;  // the vector's own growth is not counted
-    g_sizes->push_back(bytes);
-    g_armed = true;
-  }
-  return g_counted == g_fail_at;
-}
-
-}  // namespace
-
-extern "C" void *__wrap_malloc(size_t size) {
-  if (allocation_fails(size)) return nullptr;
-  return __real_malloc(size);
-}
-
-extern "C" void *__wrap_calloc(size_t count, size_t size) {
-  if (allocation_fails(count * size)) return nullptr;
-  return __real_calloc(count, size);
-}
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_##m
 extern "C" {
@@ -72,36 +32,40 @@ class WlanReplyAllocation : public testsupport::BridgeTest {
       sim_set(st.c_str(), "mac", ("00:00:00:00:00:0" + std::to_string(n)).c_str());
     }
     sim_set("wlan ssid 1", "name", "Home");
-    sizes_.reserve(16);
-    g_sizes = &sizes_;
   }
   void TearDown() override {
     disarm();
-    g_sizes = nullptr;
     BridgeTest::TearDown();
   }
-  void arm(int fail_at) {
-    sizes_.clear();
-    g_counted = 0;
-    g_fail_at = fail_at;
-    g_armed = true;
-  }
-  static void disarm() { g_armed = false; }
+  void arm(int fail_at) { allocwrap::arm(fail_at, &sizes_); }
+  static void disarm() { allocwrap::disarm(); }
   std::vector<size_t> sizes_;
 };
 
-TEST_F(WlanReplyAllocation, NeighbourReplyTakesCountPlusOneTimes512Bytes) {
+TEST_F(WlanReplyAllocation, NeighbourReplyTakesItsRecordsAndCountPlusOneTimes512Bytes) {
   jstring radio = jvm().str("2.4G");
   arm(0);
   jstring reply = NATIVE(getWLANNeighborJni)(env(), self(), radio);
   disarm();
-  EXPECT_EQ(sizes_, std::vector<size_t>({3 * 512}));
+  // The 128 zeroed neighbour records (too large for the stack), then the reply text.
+  EXPECT_EQ(sizes_, std::vector<size_t>({23040, 3 * 512}));
   EXPECT_EQ(text(reply).rfind("{\"Result\":0,\"List\":[{\"SSIDName\":\"ap1\"", 0), 0u);
+}
+
+TEST_F(WlanReplyAllocation, NeighbourRecordsWithoutMemoryAreANullStringWithoutAPlatformCall) {
+  jstring radio = jvm().str("2.4G");
+  arm(1);
+  jstring reply = NATIVE(getWLANNeighborJni)(env(), self(), radio);
+  disarm();
+  EXPECT_EQ(reply, nullptr);
+  EXPECT_EQ(jvm().new_strings(), 0);
+  EXPECT_EQ(jvm().outstanding(), 0);
+  EXPECT_EQ(log(), "");
 }
 
 TEST_F(WlanReplyAllocation, NeighbourReplyWithoutMemoryIsANullString) {
   jstring radio = jvm().str("2.4G");
-  arm(1);
+  arm(2);
   jstring reply = NATIVE(getWLANNeighborJni)(env(), self(), radio);
   disarm();
   EXPECT_EQ(reply, nullptr);
@@ -115,12 +79,23 @@ TEST_F(WlanReplyAllocation, StationReplyTakesItsRecordsAndCountPlusOneTimes512By
   arm(0);
   jstring reply = NATIVE(getWLANHostInfoJni)(env(), self(), macs);
   disarm();
-  EXPECT_EQ(sizes_, std::vector<size_t>({3 * 208, 4 * 512}));
+  // The MAC list buffer (256 x 128 bytes and its count), the records, the reply text.
+  EXPECT_EQ(sizes_, std::vector<size_t>({32772, 3 * 208, 4 * 512}));
   EXPECT_EQ(text(reply).rfind("{\"Result\":0,\"List\":[{\"SSIDIndex\":1,\"SSIDName\":\"Home\"", 0), 0u);
 }
 
-TEST_F(WlanReplyAllocation, StationRecordsWithoutMemoryGiveTheFailureReply) {
+TEST_F(WlanReplyAllocation, StationMacListWithoutMemoryGivesTheFailureReplyUnread) {
+  jobjectArray macs = jvm().array_of({"00:00:00:00:00:01"});
   arm(1);
+  jstring reply = NATIVE(getWLANHostInfoJni)(env(), self(), macs);
+  disarm();
+  EXPECT_EQ(text(reply), "{\"Result\":-1,\"FailReason\":\"getWLANHostInfo Error\"}");
+  EXPECT_EQ(log(), "");
+  EXPECT_EQ(jvm().events_text().find("GetArrayLength"), std::string::npos);
+}
+
+TEST_F(WlanReplyAllocation, StationRecordsWithoutMemoryGiveTheFailureReply) {
+  arm(2);
   CaptureStdout out;
   jstring reply = NATIVE(getWLANHostInfoJni)(env(), self(), nullptr);
   std::string printed = out.finish();
@@ -133,13 +108,13 @@ TEST_F(WlanReplyAllocation, StationRecordsWithoutMemoryGiveTheFailureReply) {
 
 TEST_F(WlanReplyAllocation, StationReplyTextWithoutMemoryIsANullString) {
   jobjectArray macs = jvm().array_of({"00:00:00:00:00:01"});
-  arm(2);
+  arm(3);
   jstring reply = NATIVE(getWLANHostInfoJni)(env(), self(), macs);
   disarm();
   EXPECT_EQ(reply, nullptr);
   EXPECT_EQ(jvm().new_strings(), 0);
   EXPECT_EQ(jvm().outstanding(), 0);
-  EXPECT_EQ(sizes_.size(), 2u);
+  EXPECT_EQ(sizes_.size(), 3u);
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ import java.util.List;
  *     with {@code 0x} prefix ({@code 0x1f}, {@code -0x10}); hexadecimal values up to
  *     {@code 0xFFFFFFFF} are taken as the 32-bit pattern, so {@code 0xFFFFFFFF} is -1.</li>
  * <li>{@code boolean}: {@code true}, {@code false} (any case), {@code 1}, {@code 0}.</li>
+ * <li>{@code byte}: an integer in either form of {@code int} from -128 to 255; 128..255 are
+ *     taken as the 8-bit pattern, so {@code 255} and {@code 0xff} are -1.</li>
  * <li>{@code String}: the text as given; the word {@code null} alone means a Java null
  *     unless it was written in double quotes on a batch line.</li>
  * <li>{@code String[]}: a JSON array of strings, elements may be {@code null};
@@ -169,6 +171,9 @@ final class ArgumentParser {
         if (type == boolean.class) {
             return parseBoolean(text, where);
         }
+        if (type == byte.class) {
+            return parseByte(text, where);
+        }
         if (type == String.class) {
             return !token.quoted && text.equals("null") ? null : text;
         }
@@ -220,6 +225,14 @@ final class ArgumentParser {
     private static ArgumentException notAnInt(String text, String where) {
         return new ArgumentException(where + ": '" + text
                 + "' is not an integer (expected e.g. 42, -1 or 0x1f)");
+    }
+
+    static byte parseByte(String text, String where) throws ArgumentException {
+        int value = parseInt(text, where);
+        if (value < -128 || value > 255) {
+            throw new ArgumentException(where + ": '" + text + "' is outside the byte range -128..255");
+        }
+        return (byte) value;
     }
 
     static boolean parseBoolean(String text, String where) throws ArgumentException {

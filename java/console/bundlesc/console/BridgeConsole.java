@@ -58,6 +58,7 @@ public final class BridgeConsole {
         "Arguments are converted by parameter type:",
         "  int       42, -1, 0x1f (hex up to 0xFFFFFFFF is the 32-bit pattern)",
         "  boolean   true, false, 1, 0",
+        "  byte      -128..255, decimal or 0x hex (128..255 are the 8-bit pattern)",
         "  String    the text as given; null alone passes null (in a batch line \"null\" passes the word)",
         "  String[]  a JSON array of strings, e.g. '[\"00:11:22:33:44:55\",null]'; null alone passes null",
         "  byte[]    a JSON array of numbers -128..255 ([1,2,255]), hex:0a0bff, zeros:N (N zero bytes), null",

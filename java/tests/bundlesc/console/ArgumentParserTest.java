@@ -165,6 +165,20 @@ class ArgumentParserTest {
         assertEquals("null", JsonArrays.formatStringArray(null));
     }
 
+    // ---- byte --------------------------------------------------------------------------
+
+    @Test
+    void byteFromDecimalOrHex() throws Exception {
+        assertEquals((byte) 0, convert("0", byte.class));
+        assertEquals((byte) -128, convert("-128", byte.class));
+        assertEquals((byte) -1, convert("255", byte.class));
+        assertEquals((byte) -1, convert("0xff", byte.class));
+        assertEquals((byte) 127, convert("127", byte.class));
+        assertTrue(convertError("256", byte.class).contains("outside the byte range -128..255"));
+        assertTrue(convertError("-129", byte.class).contains("outside the byte range"));
+        assertTrue(convertError("x", byte.class).contains("is not an integer"));
+    }
+
     // ---- byte[] ------------------------------------------------------------------------
 
     @Test

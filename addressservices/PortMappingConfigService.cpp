@@ -1,0 +1,189 @@
+// com.lumarest.smartgateway.addressservices.PortMappingConfigServiceImp: adds, deletes and
+// switches port-mapping (virtual-server) rules of a WAN connection, straight on the
+// configuration tree.
+//
+// The rules of the WAN with internal index v live in the nodes "VirServer_Entry<v>_Entry<slot>",
+// slots 0..9. Java names a rule by its port-mapping index, slot + 1. These operations count a
+// slot as taken when its "Protocal" reads exactly "TCP" or "UDP" (the query lists a slot by its
+// "INTPORT" instead; the two tests differ on purpose). Every change is saved with tcapi_save()
+// and applied at once with brelo_tcapi_commit(node).
+#include <stdint.h>
+#include <stdio.h>
+#include <string.h>
+
+#include "addressservices/wan_lookup.h"
+#include "common/config_tree.h"
+#include "common/ip_valid_check.h"
+#include "common/native.h"
+#include "common/platform_tcapi.h"
+
+namespace {
+
+const char kAddNative[] =
+    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni";
+const char kDeleteNative[] =
+    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_deletePortMappingJni";
+const char kSwitchNative[] =
+    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPortMappingSwitchJni";
+
+constexpr int kSlots = 10;
+
+bool slot_in_use(const char *protocol) {
+  return strcmp(protocol, "UDP") == 0 || strcmp(protocol, "TCP") == 0;
+}
+
+// The rule node of a port-mapping index. The slot is index - 1 without a range check, computed
+// wide so that INT_MIN names a slot that does not exist instead of overflowing.
+void rule_node(char (&node)[64], int pvc, int entry, jint mapping_index) {
+  long long slot = static_cast<long long>(mapping_index) - 1;
+  snprintf(node, sizeof node, "VirServer_Entry%d_Entry%lld", pvc * 8 + entry, slot);
+}
+
+// Steps 2..3 of delete and switch: the rule node of (WAN index, port-mapping index) when the
+// WAN exists and the slot holds a rule; false after tracing why not.
+bool existing_rule(const char *native, jint wan_index, jint mapping_index, char (&node)[64]) {
+  int pvc = 0;
+  int entry = 0;
+  if (bundle::getPVCEntryByIFIdx(wan_index, &pvc, &entry) < 0) {
+    BUNDLE_TRACE_AS(native, "wanIndex is not exist: %d\n", wan_index);
+    return false;
+  }
+  rule_node(node, pvc, entry, mapping_index);
+  char protocol[32] = {0};
+  bundle::tree_get(node, "Protocal", protocol);
+  if (!slot_in_use(protocol)) {
+    BUNDLE_TRACE_AS(native, "portMappingIndex %d is not exist\n", mapping_index);
+    return false;
+  }
+  return true;
+}
+
+// Saves the tree and applies the changed node.
+void save_and_commit(const char *node) {
+  tcapi_save();
+  brelo_tcapi_commit(node);
+}
+
+int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint internal_port,
+                     jstring jprotocol, jstring jclient) {
+  if (wan_index < 0) return -1;
+  // Taken as unsigned, so a negative port is refused as well; port 0 is accepted.
+  if (static_cast<uint32_t>(external_port) > 65535u) return -1;
+  if (static_cast<uint32_t>(internal_port) > 65535u) return -1;
+
+  char protocol[16] = {0};
+  bundle::JavaChars jp(env, jprotocol);
+  if (jp.is_null()) return -1;
+  if (strcmp(jp.get(), "TCP") != 0 && strcmp(jp.get(), "UDP") != 0) {
+    BUNDLE_TRACE_AS(kAddNative, "protocol %s is not valid\n", jp.get());
+    jp.keep();  // kept on purpose: a refused protocol text is never given back
+    return -1;
+  }
+  snprintf(protocol, sizeof protocol, "%s", jp.get());
+  jp.release();
+
+  char client[32] = {0};
+  bundle::JavaChars jc(env, jclient);
+  if (jc.is_null()) return -1;
+  if (ipValidCheck(jc.get()) < 0) {
+    BUNDLE_TRACE_AS(kAddNative, "%s is an invalid IP\n", jc.get());
+    jc.keep();  // kept on purpose: a refused client text is never given back
+    return -1;
+  }
+  // A host name up to 64 characters passes the check; the stored address is cut to the
+  // 31 characters of its buffer.
+  snprintf(client, sizeof client, "%s", jc.get());
+  jc.release();
+
+  int pvc = 0;
+  int entry = 0;
+  if (bundle::getPVCEntryByIFIdx(wan_index, &pvc, &entry) < 0) {
+    BUNDLE_TRACE_AS(kAddNative, "wanIndex is not exist: %d\n", wan_index);
+    return -1;
+  }
+
+  char node[64] = {0};
+  char service[32] = {0};
+  snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", pvc, entry);
+  bundle::tree_get(node, "ServiceList", service);
+  if (strcmp(service, "TR069") == 0) {
+    bundle::trace_puts(kAddNative, __LINE__, "this is TR069 wan, could not set portmapping");
+    return -1;
+  }
+
+  int slot = -1;
+  for (int s = 0; s < kSlots && slot < 0; ++s) {
+    char used[32] = {0};
+    snprintf(node, sizeof node, "VirServer_Entry%d_Entry%d", pvc * 8 + entry, s);
+    bundle::tree_get(node, "Protocal", used);
+    if (!slot_in_use(used)) slot = s;
+  }
+  if (slot < 0) {
+    bundle::trace_puts(kAddNative, __LINE__, "VirServer Entry is full");
+    return -2;
+  }
+
+  // The same mapping may be added twice: existing rules are not compared.
+  char number[64] = {0};
+  tcapi_set(node, "Protocal", protocol);
+  tcapi_set(node, "SrcIP", "0.0.0.0");
+  snprintf(number, sizeof number, "%d", external_port);
+  tcapi_set(node, "STARTPORT", number);
+  tcapi_set(node, "ENDPORT", number);  // a rule always maps a single port
+  snprintf(number, sizeof number, "%d", internal_port);
+  tcapi_set(node, "INTPORT", number);
+  tcapi_set(node, "LOCALIP", client);
+  snprintf(number, sizeof number, "OSGI_Add_Rule_%d_%d", wan_index, slot);
+  tcapi_set(node, "MapName", number);
+  tcapi_set(node, "Active", "Yes");
+  save_and_commit(node);
+  return 0;
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni(
+    JNIEnv *env, jobject, jint wanIndex, jint externalPort, jint internalPort,
+    jstring protocol, jstring internalClient) {
+  int rc = add_port_mapping(env, wanIndex, externalPort, internalPort, protocol, internalClient);
+  BUNDLE_TRACE("addPortMappingJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_deletePortMappingJni(
+    JNIEnv *, jobject, jint wanIndex, jint portMappingIndex) {
+  int rc = -1;
+  char node[64] = {0};
+  // WAN index 0 is accepted here (the switch refuses it).
+  if (wanIndex >= 0 && existing_rule(kDeleteNative, wanIndex, portMappingIndex, node)) {
+    tcapi_unset(node);
+    save_and_commit(node);
+    rc = 0;
+  }
+  BUNDLE_TRACE("deletePortMappingJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+JNIEXPORT jint JNICALL
+Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPortMappingSwitchJni(
+    JNIEnv *, jobject, jint wanIndex, jint portMappingIndex, jboolean enable) {
+  int rc = -1;
+  char node[64] = {0};
+  if (wanIndex <= 0) {
+    // Kept on purpose: stricter than delete (WAN index 0 refused), and the message speaks of
+    // the port-mapping index although the WAN index is tested.
+    BUNDLE_TRACE_PUTS("port mapping index must greater 0");
+  } else if (existing_rule(kSwitchNative, wanIndex, portMappingIndex, node)) {
+    tcapi_set(node, "Active", enable == 1 ? "Yes" : "No");
+    save_and_commit(node);
+    rc = 0;
+  }
+  BUNDLE_TRACE("setPortMappingSwitchJni: return code = %d   leave============>\n", rc);
+  return rc;
+}
+
+}  // extern "C"

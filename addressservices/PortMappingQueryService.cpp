@@ -1,0 +1,153 @@
+// com.lumarest.smartgateway.addressservices.PortMappingQueryServiceImp: lists the port-mapping
+// rules of every WAN connection except the management one, straight from the configuration
+// tree.
+//
+// Reply: {"Result":0, "List":[{"WANName":"<name>","MapList":[{rule},{rule}]},...]}. A WAN is
+// named "<IFIdx>_<ServiceList>_<R|B>_VID_<VLANID>" and left out when that name holds "TR069";
+// a slot is listed when its "INTPORT" is non-empty; a WAN without listed slots writes nothing.
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "addressservices/wan_lookup.h"
+#include "common/config_tree.h"
+#include "common/native.h"
+
+namespace {
+
+#define LIST_HEAD "{\"Result\":0, \"List\":["
+#define WAN_HEAD "\"WANName\":\"%s\",\"MapList\":["
+#define RULE_INDEX "\"PortMappingIndex\":%d,"
+#define RULE_ENABLED "\"PortMappingEnabled\":\"%s\","
+#define RULE_EXTERNAL "\"ExternalPort\":%d,"
+#define RULE_INTERNAL "\"InternalPort\":%d,"
+#define RULE_PROTOCOL "\"PortMappingProtocol\":\"%s\","
+#define RULE_CLIENT "\"InternalClient\":\"%s\"}"
+#define LIST_TAIL "]}"
+
+constexpr int kSlots = 10;
+constexpr size_t kWanNameSize = 64;
+constexpr size_t kOpenerMax = 2;  // ",{"
+constexpr size_t kIntMax = 11;    // "-2147483648"
+
+// Longest text of one WAN with ten rules. Each template's "%s"/"%d" (2 characters) is counted
+// with it and then replaced by the longest value its read buffer allows, so every reply the
+// tree can produce fits and nothing is ever cut.
+constexpr size_t kWanHeadMax = kOpenerMax + sizeof(WAN_HEAD) - 1 - 2 + (kWanNameSize - 1);
+constexpr size_t kRuleMax = kOpenerMax + sizeof(RULE_INDEX) - 1 - 2 + 2 /* "10" */ +
+                            sizeof(RULE_ENABLED) - 1 - 2 + 5 /* "FALSE" */ +
+                            sizeof(RULE_EXTERNAL) - 1 - 2 + kIntMax +
+                            sizeof(RULE_INTERNAL) - 1 - 2 + kIntMax +
+                            sizeof(RULE_PROTOCOL) - 1 - 2 + (32 - 1) /* "Protocal" */ +
+                            sizeof(RULE_CLIENT) - 1 - 2 + (32 - 1) /* "LOCALIP" */;
+constexpr size_t kWanMax = kWanHeadMax + kSlots * kRuleMax + sizeof(LIST_TAIL) - 1;
+
+// Room for the list of `count` WANs: the head, every WAN at its longest, the tail and the
+// terminator. The empty list fits too.
+size_t reply_size(int count) {
+  return sizeof(LIST_HEAD) - 1 + static_cast<size_t>(count) * kWanMax + sizeof(LIST_TAIL);
+}
+
+// "{" opens an object; after a closed object it is ",{" so that objects are separated by
+// commas whether they are WANs or rules.
+void append_opener(char *buf, size_t cap, size_t *off) {
+  bool after_object = *off > 0 && *off < cap && buf[*off - 1] == '}';
+  bundle::reply_append(buf, cap, off, "%s", after_object ? ",{" : "{");
+}
+
+const char kNative[] =
+    "Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPortMappingInfoJni";
+
+// The display name of the WAN with internal index v (what the trace calls getWANName).
+void wan_name(int v, char (&name)[kWanNameSize]) {
+  char node[64] = {0};
+  char vlan_mode[32] = {0};
+  char vlan_id[16] = {0};
+  char ifidx[16] = {0};
+  char service[32] = {0};
+  char wan_mode[16] = {0};
+  snprintf(node, sizeof node, "Wan_PVC%d", v >> 3);
+  bundle::tree_get(node, "VLANMode", vlan_mode);
+  bundle::tree_get(node, "VLANID", vlan_id);
+  snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", v >> 3, v & 7);
+  bundle::tree_get(node, "IFIdx", ifidx);
+  bundle::tree_get(node, "ServiceList", service);
+  bundle::tree_get(node, "WanMode", wan_mode);
+  snprintf(name, sizeof name, "%s_%s_%s_VID_%s", ifidx, service,
+           strcmp(wan_mode, "Route") == 0 ? "R" : "B",
+           strcmp(vlan_mode, "TAG") == 0 ? vlan_id : "");
+  BUNDLE_TRACE_AS(kNative, "getWANName: %s\n", name);
+}
+
+// Appends the WAN object of internal index v and its rules, or nothing when no slot is listed.
+void append_wan(char *buf, size_t cap, size_t *off, int v) {
+  char name[kWanNameSize] = {0};
+  wan_name(v, name);
+  if (strstr(name, "TR069") != nullptr) return;  // the management WAN is never listed
+  bool listed = false;
+  for (int slot = 0; slot < kSlots; ++slot) {
+    char node[64] = {0};
+    char intport[16] = {0};
+    snprintf(node, sizeof node, "VirServer_Entry%d_Entry%d", v, slot);
+    bundle::tree_get(node, "INTPORT", intport);
+    if (intport[0] == '\0') continue;
+    if (!listed) {
+      append_opener(buf, cap, off);
+      bundle::reply_append(buf, cap, off, WAN_HEAD, name);
+      listed = true;
+    }
+    char startport[32] = {0};
+    char protocol[32] = {0};
+    char localip[32] = {0};
+    char active[16] = {0};
+    bundle::tree_get(node, "STARTPORT", startport);
+    bundle::tree_get(node, "Protocal", protocol);
+    bundle::tree_get(node, "LOCALIP", localip);
+    bundle::tree_get(node, "Active", active);
+    append_opener(buf, cap, off);
+    bundle::reply_append(buf, cap, off, RULE_INDEX, slot + 1);
+    bundle::reply_append(buf, cap, off, RULE_ENABLED, strcmp(active, "Yes") == 0 ? "TRUE" : "FALSE");
+    bundle::reply_append(buf, cap, off, RULE_EXTERNAL, bundle::tree_atoi(startport));
+    bundle::reply_append(buf, cap, off, RULE_INTERNAL, bundle::tree_atoi(intport));
+    bundle::reply_append(buf, cap, off, RULE_PROTOCOL, protocol);
+    bundle::reply_append(buf, cap, off, RULE_CLIENT, localip);
+  }
+  if (listed) bundle::reply_append(buf, cap, off, "%s", LIST_TAIL);
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPortMappingInfoJni(
+    JNIEnv *env, jobject) {
+  int valid[bundle::kQueryWanRoom] = {0};
+  // The count is held in a signed byte, as it always was; 32 values at most keep it positive.
+  int8_t count = static_cast<int8_t>(bundle::getValidIFIndex(valid, bundle::kQueryWanRoom));
+  if (count < 0) {
+    bundle::Reply<256> fail;
+    fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
+    return bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni",
+                                     fail.c_str());
+  }
+  size_t cap = reply_size(count);
+  char *buf = static_cast<char *>(calloc(cap, 1));
+  if (buf == nullptr) {
+    bundle::Reply<256> fail;
+    fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    return bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni",
+                                     fail.c_str());
+  }
+  size_t off = 0;
+  bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
+  for (int i = 0; i < count; ++i) append_wan(buf, cap, &off, valid[i]);
+  bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
+  jstring reply =
+      bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni", buf);
+  free(buf);
+  return reply;
+}
+
+}  // extern "C"

@@ -1,0 +1,28 @@
+// Name resolution shared by the natives that accept host names.
+//
+// gethostbyname answers in static storage that the next lookup of any thread overwrites, and
+// natives run on many Java threads at once. resolve_host holds the library's one resolver lock
+// around the lookup and the copy of the answer, and nothing else; callers then work on their
+// own copy.
+#ifndef BUNDLE_COMMON_HOST_LOOKUP_H
+#define BUNDLE_COMMON_HOST_LOOKUP_H
+
+// Addresses copied from one answer; further addresses of a larger answer are dropped.
+#define HOST_LOOKUP_MAX_ADDRESSES 64
+
+namespace bundle {
+
+struct HostAddresses {
+  int family;  // h_addrtype of the answer (AF_INET from gethostbyname)
+  int length;  // bytes of each address as the answer gave them (copied up to 16)
+  int count;   // addresses copied, in the resolver's order
+  unsigned char address[HOST_LOOKUP_MAX_ADDRESSES][16];
+};
+
+// Resolves `name` (not NULL) with gethostbyname and copies the answer into *out. Returns false,
+// with out->count 0, when the name does not resolve.
+bool resolve_host(const char *name, HostAddresses *out);
+
+}  // namespace bundle
+
+#endif

@@ -1,0 +1,172 @@
+// com.lumarest.smartgateway.transferservices.TransferQueryServiceImp: the VLAN bindings of the
+// LAN interfaces, the IPv4 and IPv6 route tables (configured static routes and routes in
+// force), and the IPTV service status.
+#include <stdint.h>
+#include <stdlib.h>
+
+#include "common/native.h"
+#include "common/platform_route.h"
+
+namespace {
+
+const char kFailure[] = "{\"Result\":-1}";
+const char kListHead[] = "{\"Result\":0,\"List\":[";
+const char kListTail[] = "]}";
+
+// LAN interfaces by the platform's 0-based interface number.
+const char *const kLanInterfaceNames[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4", "SSID1",
+                                          "SSID2", "SSID3", "SSID4", "SSID5"};
+constexpr int kLanInterfaceCount = sizeof kLanInterfaceNames / sizeof kLanInterfaceNames[0];
+
+// IPTV service status names by status code (the doubled S is the system's own spelling).
+const char *const kIptvStatusNames[] = {"NO_IPTV_CONNECTION", "IPTV_DISCONNECT",
+                                        "INVALID_MULTIVLAN", "IPTV_BUSSINESS_NOK",
+                                        "IPTV_BUSSINESS_OK"};
+constexpr int kIptvStatusCount = sizeof kIptvStatusNames / sizeof kIptvStatusNames[0];
+
+const char kVlanObject[] = "{\"LanInterface\":\"%s\",\"Bind\":\"%s\"}";
+const char kIp4Object[] =
+    "{\"Index\":\"%d\",\"DestIPAddress\":\"%s\",\"DestSubnetMask\":\"%s\","
+    "\"GatewayIPAddress\":\"%s\",\"Interface\":\"%s\"}";
+const char kIp6Object[] =
+    "{\"Index\":\"%d\",\"DestIPPrefix\":\"%s\",\"NextHop\":\"%s\",\"Interface\":\"%s\"}";
+
+// Room for one listed object and the "," before it. Every field is terminated within its
+// record, so an object never outgrows its format, its fields and an 11-character index; the
+// reply is sized from the record count and is never cut.
+constexpr size_t kObjectRoom = 512;
+constexpr size_t kIndexRoom = 11;  // "-2147483648"
+static_assert(1 + sizeof kVlanObject + 5 + sizeof(VlanBindRecord::bind) <= kObjectRoom,
+              "a VLAN binding fits its room");
+static_assert(1 + sizeof kIp4Object + kIndexRoom + sizeof(Ip4RouteRecord::dest_ip) +
+                      sizeof(Ip4RouteRecord::dest_mask) + sizeof(Ip4RouteRecord::gateway_ip) +
+                      sizeof(Ip4RouteRecord::interface_name) <=
+                  kObjectRoom,
+              "an IPv4 route fits its room");
+static_assert(1 + sizeof kIp6Object + kIndexRoom + sizeof(Ip6RouteRecord::dest_prefix) +
+                      sizeof(Ip6RouteRecord::next_hop) + sizeof(Ip6RouteRecord::interface_name) <=
+                  kObjectRoom,
+              "an IPv6 route fits its room");
+
+// Interface names outside the table read as empty rather than past it.
+const char *lan_interface_name(int32_t lan_if) {
+  return lan_if >= 0 && lan_if < kLanInterfaceCount ? kLanInterfaceNames[lan_if] : "";
+}
+
+void append_object(char *text, size_t cap, size_t *off, VlanBindRecord *r) {
+  bundle::terminate_field(r->bind);
+  bundle::reply_append(text, cap, off, kVlanObject, lan_interface_name(r->lan_if), r->bind);
+}
+
+void append_object(char *text, size_t cap, size_t *off, Ip4RouteRecord *r) {
+  bundle::terminate_field(r->dest_ip);
+  bundle::terminate_field(r->dest_mask);
+  bundle::terminate_field(r->gateway_ip);
+  bundle::terminate_field(r->interface_name);
+  bundle::reply_append(text, cap, off, kIp4Object, static_cast<int>(r->index), r->dest_ip,
+                       r->dest_mask, r->gateway_ip, r->interface_name);
+}
+
+void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
+  bundle::terminate_field(r->dest_prefix);
+  bundle::terminate_field(r->next_hop);
+  bundle::terminate_field(r->interface_name);
+  bundle::reply_append(text, cap, off, kIp6Object, static_cast<int>(r->index), r->dest_prefix,
+                       r->next_hop, r->interface_name);
+}
+
+// The reply of the list queries, handed to Java, after which the platform's array is freed.
+// A null array is a failure whatever the platform returned (an empty table the platform
+// allocated nothing for included); so is a non-zero result. The reply goes on the heap, sized
+// for `count` objects; when that cannot be had the query fails.
+template <typename Record>
+jstring list_reply(JNIEnv *env, const char *native, int line, const char *method, int rc,
+                   Record *array, int count) {
+  char *text = nullptr;
+  if (array != nullptr && rc == 0) {
+    size_t n = count > 0 ? static_cast<size_t>(count) : 0;
+    size_t fixed = sizeof kListHead + sizeof kListTail;
+    if (n <= (SIZE_MAX - fixed) / kObjectRoom) {
+      size_t cap = fixed + n * kObjectRoom;
+      text = static_cast<char *>(calloc(1, cap));
+      if (text != nullptr) {
+        size_t off = 0;
+        bundle::reply_append(text, cap, &off, "%s", kListHead);
+        for (size_t i = 0; i < n; ++i) {
+          if (i != 0) bundle::reply_append(text, cap, &off, "%s", ",");
+          append_object(text, cap, &off, &array[i]);
+        }
+        bundle::reply_append(text, cap, &off, "%s", kListTail);
+      }
+    }
+  }
+  jstring reply = bundle::traced_text_reply(env, native, line, method,
+                                            text != nullptr ? text : kFailure);
+  free(text);
+  free(array);
+  return reply;
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANBindInfoJni(
+    JNIEnv *env, jobject) {
+  VlanBindRecord *array = nullptr;
+  int count = 0;
+  int rc = brelo_vlanGetBindInfo(&array, &count);
+  return list_reply(env, __func__, __LINE__, "getVLANBindInfoJni", rc, array, count);
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer3ForwardingStaticConfigInfoJni(
+    JNIEnv *env, jobject) {
+  Ip4RouteRecord *array = nullptr;
+  int count = 0;
+  int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
+  return list_reply(env, __func__, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
+                    count);
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer3ForwardingCurrentJni(
+    JNIEnv *env, jobject) {
+  Ip4RouteRecord *array = nullptr;
+  int count = 0;
+  int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
+  return list_reply(env, __func__, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6Layer3ForwardingStaticConfigInfoJni(
+    JNIEnv *env, jobject) {
+  Ip6RouteRecord *array = nullptr;
+  int count = 0;
+  int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
+  return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
+                    array, count);
+}
+
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6Layer3ForwardingCurrentJni(
+    JNIEnv *env, jobject) {
+  Ip6RouteRecord *array = nullptr;
+  int count = 0;
+  int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
+  return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
+                    count);
+}
+
+// The bare status name, not JSON; a status outside the table gives the empty text.
+JNIEXPORT jstring JNICALL
+Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVStatusJni(
+    JNIEnv *env, jobject) {
+  bundle::Reply<256> reply;
+  int status = brelo_iptvGetStatus();
+  if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
+  return bundle::traced_text_reply(env, __func__, __LINE__, "getIPTVStatusJni", reply.c_str());
+}
+
+}  // extern "C"
