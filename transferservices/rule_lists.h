@@ -1,0 +1,95 @@
+// What the traffic-forward and HTTP traffic-process natives share: the rule-list reply buffer,
+// its failure reply, and reading Java texts for a rule record.
+#ifndef BUNDLE_TRANSFERSERVICES_RULE_LISTS_H
+#define BUNDLE_TRANSFERSERVICES_RULE_LISTS_H
+
+#include <stdarg.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "common/native.h"
+
+namespace transfer {
+
+// The reply of a rule query the platform failed, or of a list that could not be allocated.
+constexpr char kRuleListFailure[] = "{\"Result\":-1,\"List\":[]}";
+
+// Rule indexes the platform knows: 0 to 255; anything else (negative ones too, read as
+// unsigned) is refused without asking the platform.
+constexpr unsigned int kMaxRules = 256;
+inline bool rule_index_valid(jint index) { return static_cast<unsigned int>(index) < kMaxRules; }
+
+// Room per listed rule in the reply, plus one share for the envelope.
+constexpr size_t kRuleReplyShare = 512;
+
+// A reply text on the heap, or in the caller's small local buffer when the heap has no room.
+class RuleListText {
+ public:
+  // Room for `count` rules: (count + 1) x 512 zeroed bytes (a negative count lists nothing).
+  static RuleListText for_rules(int count) {
+    size_t n = count > 0 ? static_cast<size_t>(count) : 0;
+    return RuleListText((n + 1) * kRuleReplyShare);
+  }
+  // The failure reply's own buffer: 512 zeroed bytes.
+  static RuleListText for_failure() { return RuleListText(kRuleReplyShare); }
+
+  RuleListText(const RuleListText &) = delete;
+  RuleListText &operator=(const RuleListText &) = delete;
+  RuleListText &operator=(RuleListText &&) = delete;
+  ~RuleListText() { free(heap_); }
+
+  bool allocated() const { return heap_ != nullptr; }
+
+  // Appends a bounded piece (see bundle::reply_append); the reply is cut, never overflowed.
+  void append(const char *fmt, ...) __attribute__((format(printf, 2, 3))) {
+    if (heap_ == nullptr) return;
+    va_list ap;
+    va_start(ap, fmt);
+    bundle::reply_vappend(heap_, cap_, &off_, fmt, ap);
+    va_end(ap);
+  }
+
+  // The text: the composed list, or the failure reply in the local 256-byte buffer when the
+  // heap buffer could not be allocated.
+  const char *text() {
+    if (heap_ != nullptr) return heap_;
+    memset(local_, 0, sizeof local_);
+    size_t off = 0;
+    bundle::reply_append(local_, sizeof local_, &off, "%s", kRuleListFailure);
+    return local_;
+  }
+
+ private:
+  explicit RuleListText(size_t cap)
+      : heap_(static_cast<char *>(calloc(cap, 1))), cap_(cap), off_(0), local_{} {}
+
+  char *heap_;
+  size_t cap_;
+  size_t off_;
+  char local_[256];
+};
+
+// A platform text field of a listed rule; a field the platform left NULL lists as empty.
+inline const char *field_text(const char *field) { return field != nullptr ? field : ""; }
+
+// The texts of a rule are read one after the other. Once a copy has failed the JVM has an
+// exception pending and may be asked for nothing more: every later text of the call then
+// reads as NULL (and every later list as empty) without a JNI call.
+class TextReader {
+ public:
+  explicit TextReader(JNIEnv *env) : env_(env), failed_(false) {}
+  bundle::JavaChars read(jstring s) {
+    bundle::JavaChars chars(env_, failed_ ? nullptr : s);
+    if (!failed_ && s != nullptr && chars.is_null()) failed_ = true;
+    return chars;
+  }
+  bool failed() const { return failed_; }
+
+ private:
+  JNIEnv *env_;
+  bool failed_;
+};
+
+}  // namespace transfer
+
+#endif
