@@ -9,6 +9,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <list>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ std::string quoted(const char *text) {
 
 // A malloc()ed copy of a state value, or NULL when the key is absent.
 char *copy_of(const std::string &section, const char *key) {
+  sim::Guard guard;  // the value may not change while it is copied
   const char *v = sim::get(section.c_str(), key);
   return v != nullptr ? strdup(v) : nullptr;
 }
@@ -210,6 +212,11 @@ SIM_EXPORT int brelo_getHTTPTrafficProcessRuleInfo(HttpTrafficProcessRule **list
   sim::call("brelo_getHTTPTrafficProcessRuleInfo", "%s", "");
   sim::Guard guard;
   static char no_second_list[] = "";
+  // The second lists stay the platform's own and are not handed over: copies that live until
+  // this thread lists the rules again, so a rule deleted by another thread meanwhile cannot
+  // pull a text from under the caller.
+  thread_local std::list<std::string> second_lists;
+  second_lists.clear();
   std::vector<std::string> rules = sim::sections(kHttpRule);
   size_t extra = extra_rules(kHttp);
   size_t n = rules.size() + extra;
@@ -224,9 +231,13 @@ SIM_EXPORT int brelo_getHTTPTrafficProcessRuleInfo(HttpTrafficProcessRule **list
       r.direction = copy_of(s, "direction");
       r.host_mac = copy_of(s, "host_mac");
       r.method_list = copy_of(s, "method_list");
-      // The platform's own: points into its state, not handed over.
       const char *second = sim::get(s.c_str(), "second_list");
-      r.second_list = second != nullptr ? const_cast<char *>(second) : no_second_list;
+      if (second != nullptr) {
+        second_lists.emplace_back(second);
+        r.second_list = &second_lists.back()[0];
+      } else {
+        r.second_list = no_second_list;
+      }
       r.header_list = copy_of(s, "header_list");
       r.bundle_name = copy_of(s, "bundle_name");
     } else {

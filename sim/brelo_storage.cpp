@@ -119,8 +119,9 @@ SIM_EXPORT int brelo_deleteFTPAccount(const char *user) {
 
 SIM_EXPORT int brelo_deleteAllFTPAccount(void) {
   sim::call("brelo_deleteAllFTPAccount", "%s", "");
-  delete_all_accounts("ftp");
-  return sim::result("brelo_deleteAllFTPAccount", 0);
+  int rc = sim::result("brelo_deleteAllFTPAccount", 0);
+  if (rc == 0) delete_all_accounts("ftp");  // a programmed failure leaves the accounts
+  return rc;
 }
 
 SIM_EXPORT int brelo_setHTTPUserPassword(const char *password) {
@@ -144,8 +145,9 @@ SIM_EXPORT int brelo_deleteSambaAccount(const char *user) {
 
 SIM_EXPORT int brelo_deleteAllSambaAccount(void) {
   sim::call("brelo_deleteAllSambaAccount", "%s", "");
-  delete_all_accounts("samba");
-  return sim::result("brelo_deleteAllSambaAccount", 0);
+  int rc = sim::result("brelo_deleteAllSambaAccount", 0);
+  if (rc == 0) delete_all_accounts("samba");  // a programmed failure leaves the accounts
+  return rc;
 }
 
 // Writes only the members it knows; the accounts beyond those held are left as they were.

@@ -58,6 +58,7 @@ int set_ssid(int index, const char *key, const std::string &value) {
 
 // The guest node whose SSIDIndex is `index` ("" when none is).
 std::string guest_node_of(int index) {
+  sim::Guard guard;
   for (int e = 0; e < 2; ++e) {
     std::string node = "tcapi WLanForGuest_Entry" + std::to_string(e);
     const char *v = sim::get(node.c_str(), "SSIDIndex");

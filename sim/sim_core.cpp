@@ -12,6 +12,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "sim/sim.h"
@@ -40,6 +41,9 @@ struct Hook {
 struct World {
   bool initialized = false;
   std::list<Section> sections;  // in creation order
+  // Every section by name (the list keeps each section at its place, so the pointers hold);
+  // a gateway with thousands of sections answers as fast as one with a few.
+  std::unordered_map<std::string, Section *> by_name;
   std::map<std::string, int> results;
   std::map<std::string, Hook> hooks;
   std::string log;
@@ -51,22 +55,37 @@ std::recursive_mutex g_mutex;
 World g_world;
 
 Section *find_section(const std::string &name) {
-  for (auto &s : g_world.sections)
-    if (s.name == name) return &s;
-  return nullptr;
+  auto it = g_world.by_name.find(name);
+  return it != g_world.by_name.end() ? it->second : nullptr;
 }
 
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
   g_world.sections.push_back(Section{name, {}});
+  g_world.by_name[name] = &g_world.sections.back();
   return g_world.sections.back();
+}
+
+// Removes every section `doomed` says yes to, from the list and the index.
+template <typename Pred>
+void remove_sections(Pred doomed) {
+  for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
+    if (doomed(*it)) {
+      g_world.by_name.erase(it->name);
+      it = g_world.sections.erase(it);
+    } else {
+      ++it;
+    }
+  }
 }
 
 void set_value(const std::string &section, const std::string &key, const std::string &value) {
   Section &s = make_section(section);
   for (auto &e : s.entries) {
     if (e.first == key) {
-      e.second = value;
+      // An unchanged value is not rewritten: setters that write what is already there (as
+      // Java threads often do) leave every pointer handed out by get() untouched.
+      if (e.second != value) e.second = value;
       return;
     }
   }
@@ -210,8 +229,7 @@ int load_default_locked() {
     if (f != nullptr) {
       fclose(f);
       // The saved tree replaces the shipped one.
-      g_world.sections.remove_if(
-          [](const Section &s) { return s.name.rfind("tcapi ", 0) == 0; });
+      remove_sections([](const Section &s) { return s.name.rfind("tcapi ", 0) == 0; });
       load_file(g_world.save_path);
     }
   }
@@ -310,7 +328,7 @@ std::vector<std::pair<std::string, std::string>> entries(const char *section) {
 void remove_section(const char *section) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
-  g_world.sections.remove_if([&](const Section &s) { return s.name == section; });
+  remove_sections([&](const Section &s) { return s.name == section; });
 }
 
 void out_text(char *buf, size_t cap, const char *section, const char *key) {

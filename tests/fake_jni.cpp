@@ -29,7 +29,8 @@ struct Object {
 
 namespace {
 
-FakeJvm *g_current = nullptr;
+// One fake JVM per thread: tests that call natives from several threads give each its own.
+thread_local FakeJvm *g_current = nullptr;
 
 constexpr size_t kSlots = sizeof(JNINativeInterface_) / sizeof(void *);
 

@@ -72,6 +72,8 @@ class DeepStackTest extends GatewayTestBase {
                 args[i] = 1;
             } else if (t == boolean.class) {
                 args[i] = Boolean.TRUE;
+            } else if (t == byte.class) {
+                args[i] = (byte) 1;
             } else if (t == String.class) {
                 args[i] = "1";
             } else if (t == String[].class) {
