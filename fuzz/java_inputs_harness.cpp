@@ -26,6 +26,7 @@ namespace {
 constexpr size_t kMaxText = 70000;
 constexpr size_t kMaxElements = 30000;
 constexpr size_t kMaxBytes = 4096;
+constexpr int kLocalCapacity = 16;
 // All elements of one array together hold at most this many bytes (30000 elements of 70000
 // bytes would take 2 GiB): the longer the array, the shorter its element texts.
 constexpr size_t kMaxArrayBytes = 2000000;
@@ -224,6 +225,10 @@ void run_one_input(const uint8_t *data, size_t size) {
   if (jvm.outstanding() > kept_texts(native))
     finding(native, std::to_string(jvm.outstanding()) + " Java text(s) left borrowed");
   if (jvm.pinned() != 0) finding(native, "a byte[] left pinned");
+  // A native frame may hold 16 local references without asking the VM for more (beyond that
+  // the VM under -Xcheck:jni warns): array elements must be deleted as they are used.
+  if (jvm.max_live_local_refs() > kLocalCapacity)
+    finding(native, std::to_string(jvm.max_live_local_refs()) + " local references at once");
 }
 
 }  // namespace fuzzjava

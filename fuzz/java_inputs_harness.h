@@ -18,8 +18,9 @@
 //        at most 2000000 bytes (the longer the array, the shorter each element text)
 //     Y  a text as S: null gives a null byte[], otherwise its bytes (at most 4096)
 // A finding aborts with a message: a JNI misuse the fake recorded (bad releases, invalid
-// modified UTF-8 in a reply, a call with an exception pending, ...), or a Java text left
-// borrowed where the native does not keep one on purpose.
+// modified UTF-8 in a reply, a call with an exception pending, ...), a Java text left
+// borrowed where the native does not keep one on purpose, a byte[] left pinned, or more than
+// 16 local references alive at once.
 #ifndef FUZZ_JAVA_INPUTS_HARNESS_H
 #define FUZZ_JAVA_INPUTS_HARNESS_H
 
