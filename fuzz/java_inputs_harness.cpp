@@ -219,8 +219,11 @@ void run_one_input(const uint8_t *data, size_t size) {
     }
   }
 
-  native.call(jvm.env(), jvm.self(), args.data());
+  catalogue::Result result = native.call(jvm.env(), jvm.self(), args.data());
 
+  if (result.kind == catalogue::Returns::kBool && result.number != JNI_TRUE &&
+      result.number != JNI_FALSE)
+    finding(native, "a boolean answer other than true or false");
   if (!jvm.errors().empty()) finding(native, "JNI misuse: " + jvm.errors().front());
   if (jvm.outstanding() > kept_texts(native))
     finding(native, std::to_string(jvm.outstanding()) + " Java text(s) left borrowed");

@@ -49,7 +49,9 @@ class JavaInputsCorpus : public ::testing::Test {
   void replay(const char *corpus, bool may_be_empty) {
     testsupport::FlagFile no_trace(TRACE_FLAG_PATH, false);
     std::vector<std::string> inputs = files_of(source_root() + "/fuzz/corpus/java_inputs/" + corpus);
-    if (!may_be_empty) ASSERT_FALSE(inputs.empty()) << corpus;
+    if (!may_be_empty) {
+      ASSERT_FALSE(inputs.empty()) << corpus;
+    }
     for (const std::string &path : inputs) {
       SCOPED_TRACE(path);
       std::string data = contents(path);
