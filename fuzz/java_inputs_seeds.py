@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the hand-made seed inputs of java_inputs_fuzz into fuzz/corpus/java_inputs/seed.
+"""Writes the hand-made seed inputs of java_inputs_fuzz into fuzz/corpus/java_inputs/seed, and
+its dictionary fuzz/java_inputs.dict (every native's name line, texts the natives look for).
 
 For every native taking Java texts or text arrays (read from tests/native_catalogue.cpp):
   <native>-valid     valid-looking arguments (the values below, per native or per kind)
@@ -199,6 +200,17 @@ def main():
                 f.write(encode(name, params, values))
             count += 1
     print("%d seeds in %s" % (count, out_dir))
+    with open(os.path.join(HERE, "java_inputs.dict"), "w") as f:
+        f.write("# java_inputs_fuzz: native name lines, then texts the natives look for.\n")
+        for name, _ in natives():
+            f.write('"%s\\x0a"\n' % name)
+        for word in WORDS:
+            f.write('"%s"\n' % word.replace("\\", "\\\\").replace('"', '\\"'))
+
+
+WORDS = ["00:11:22:33:44:55", "192.168.1.1", "255.255.255.0", "2001:db8::1", "fe80::1", "TCP",
+         "UDP", "TCP/UDP", "TRUE", "FALSE", "UP", "DOWN", "ALL", "2.4G", "5G", "http://",
+         "https://", "LAN1", "br0", "ppp100", "{}", "[]", '{"', '":', "null", "%s", "%n"]
 
 
 if __name__ == "__main__":
