@@ -46,7 +46,7 @@ class DiagParamsCorpus : public ::testing::Test {
  protected:
   void replay(const char *corpus) {
     testsupport::FlagFile no_trace(TRACE_FLAG_PATH, false);
-    std::vector<std::string> inputs = files_of(source_root() + "/fuzz/corpus/" + corpus);
+    std::vector<std::string> inputs = files_of(source_root() + "/fuzz/corpus/diag_params/" + corpus);
     ASSERT_FALSE(inputs.empty()) << corpus;
     for (const std::string &path : inputs) {
       SCOPED_TRACE(path);

@@ -204,7 +204,7 @@ final class JsonArrays {
                     }
                     int code = 0;
                     for (int i = pos + 2; i < pos + 6; i++) {
-                        int digit = Character.digit(text.charAt(i), 16);
+                        int digit = hexDigit(text.charAt(i));
                         if (digit < 0) {
                             throw error("\\u must be followed by four hex digits");
                         }
@@ -248,6 +248,23 @@ final class JsonArrays {
             throw error("element " + index + ": number out of range");
         }
         return Long.parseLong(text.substring(start, pos));
+    }
+
+    /**
+     * The value of an ASCII hex digit, else -1 (Character.digit would also take the other
+     * scripts' digits, e.g. fullwidth or Arabic-Indic ones, which JSON does not).
+     */
+    private static int hexDigit(char c) {
+        if (c >= '0' && c <= '9') {
+            return c - '0';
+        }
+        if (c >= 'a' && c <= 'f') {
+            return c - 'a' + 10;
+        }
+        if (c >= 'A' && c <= 'F') {
+            return c - 'A' + 10;
+        }
+        return -1;
     }
 
     private boolean lookingAtWord(String word) {

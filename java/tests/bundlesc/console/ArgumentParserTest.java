@@ -138,6 +138,9 @@ class ArgumentParserTest {
             {"[\"a\\x\"]", "invalid escape sequence '\\x'"},
             {"[\"\\u12G4\"]", "four hex digits"},
             {"[\"\\u12\"]", "four hex digits"},
+            // Digits of other scripts are not hex digits (fullwidth, Arabic-Indic).
+            {"[\"\\u\uff10\uff10\uff14\uff11\"]", "four hex digits"},
+            {"[\"\\u\u0660\u0660\u0664\u0661\"]", "four hex digits"},
             {"[\"tab\there\"]", "control character U+0009 must be escaped"},
             {"[,\"a\"]", "element 1: expected a string"},
         };
