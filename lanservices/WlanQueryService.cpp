@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include "common/array_readers.h"
+#include "common/hardened.h"
 #include "common/html_encode.h"
 #include "common/native.h"
 #include "common/platform_tcapi.h"
@@ -285,7 +286,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       bundle::terminate_field(ap.ssid);
       bundle::terminate_field(ap.bssid);
       char ssid[HTML_ENCODE_OUT_SIZE] = {};
-      html_encode(ssid, ap.ssid);
+      if (bundle::hardened_profile()) {
+        snprintf(ssid, sizeof ssid, "%s", ap.ssid);  // the composer escapes it, once
+      } else {
+        html_encode(ssid, ap.ssid);
+      }
       char standard[32] = {};
       wlanStandardName(ap.standard, standard);
       bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
