@@ -518,3 +518,22 @@ TEST_F(TrafficMonitoring, TheQueryHandsJavaValidTextsOnly) {
 }
 
 }  // namespace
+
+namespace {
+
+// A bundle name from Java is stored and listed later: in the hardened profile it stays inside
+// its string, quotes, backslashes and control characters escaped.
+TEST_F(TrafficMonitoring, ABundleNameFromJavaStaysInsideItsStringWhenHardened) {
+  const std::string name = "b\",\"Injected\":\"x\\\t";
+  ASSERT_EQ(add({"10.0.0.1"}, name), 0);
+  std::string reply = list();
+  if (bundle::hardened_profile()) {
+    EXPECT_NE(reply.find("\"BundleName\":\"b\\\",\\\"Injected\\\":\\\"x\\\\\\t\""), std::string::npos)
+        << reply;
+    EXPECT_TRUE(bundle::json_valid(reply.c_str())) << reply;
+  } else {
+    EXPECT_NE(reply.find("\"BundleName\":\"" + name + "\""), std::string::npos) << reply;
+  }
+}
+
+}  // namespace
