@@ -176,21 +176,21 @@ int escaped_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list
       (void)va_arg(ap, void *);  // never used by a reply; nothing is stored
       continue;
     }
-    // Any other conversion: formatted alone by snprintf, with the same spec.
-    char spec[32];
-    size_t spec_len = static_cast<size_t>(p - start + 1);
-    if (spec_len >= sizeof spec) break;
-    memcpy(spec, start, spec_len);
-    spec[spec_len] = '\0';
-    // The width and precision taken from the arguments are written into the spec.
+    // Any other conversion: formatted alone by snprintf, with the same conversion.
+    char conversion[32];
+    size_t conv_len = static_cast<size_t>(p - start + 1);
+    if (conv_len >= sizeof conversion) break;
+    memcpy(conversion, start, conv_len);
+    conversion[conv_len] = '\0';
+    // The width and precision taken from the arguments are written into the conversion.
     char fixed[48];
-    if (strchr(spec, '*') != nullptr) {
+    if (strchr(conversion, '*') != nullptr) {
       size_t o = 0;
-      for (size_t i = 0; i < spec_len && o + 12 < sizeof fixed; ++i) {
-        if (spec[i] != '*') {
-          fixed[o++] = spec[i];
+      for (size_t i = 0; i < conv_len && o + 12 < sizeof fixed; ++i) {
+        if (conversion[i] != '*') {
+          fixed[o++] = conversion[i];
         } else {
-          bool is_precision = i > 0 && spec[i - 1] == '.';
+          bool is_precision = i > 0 && conversion[i - 1] == '.';
           int v = is_precision ? precision : width;
           o += static_cast<size_t>(snprintf(fixed + o, sizeof fixed - o, "%d", v));
         }
@@ -201,12 +201,12 @@ int escaped_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list
         fixed[1] = '-';
       }
     } else {
-      memcpy(fixed, spec, spec_len + 1);
+      memcpy(fixed, conversion, conv_len + 1);
     }
     char piece[512];
     int len = 0;
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // the spec is the template's own
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // the conversion is the template's own
     switch (conv) {
       case 'd': case 'i': case 'u': case 'o': case 'x': case 'X':
         if (longs >= 2 || size == 'q' || size == 'j') {
