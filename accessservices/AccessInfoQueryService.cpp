@@ -4,6 +4,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
@@ -238,12 +239,15 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
     for (int index = 1; index <= 8; ++index) {
       for (int i = 0; i < count; ++i) {
         if (list[i].index != index) continue;
+        // The hardened profile separates the elements shown, so the list stays valid JSON.
+        if (bundle::hardened_profile() && printed > 0) reply.append("%s", ",");
         // The name is read within its 32-byte field even when the platform filled it whole.
         reply.append("{\"Index\":%d,\"Name\":\"%.32s\"}", index, list[i].name);
         ++printed;
         // The separator follows the platform's count, not the number of elements shown: an
-        // element outside 1..8 or a repeated index leaves a trailing comma before "]}".
-        if (count > printed) reply.append("%s", ",");
+        // element outside 1..8 or a repeated index leaves a trailing comma before "]}" (kept
+        // on purpose in the default profile, Java has always read it so).
+        if (!bundle::hardened_profile() && count > printed) reply.append("%s", ",");
         break;
       }
     }

@@ -4,6 +4,7 @@
 #include <stddef.h>
 #include <stdio.h>
 
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_wan.h"
 
@@ -117,11 +118,16 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_setWANIfJni(
     return -1;
   }
 
-  // Every member as the platform parsed it, the password too, in clear.
+  // Every member as the platform parsed it, the password too, in clear (masked when hardened).
   const char *record = reinterpret_cast<const char *>(&change);
   for (const ChangeMember &member : kChangeMembers) {
-    BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", member.name, static_cast<int>(member.capacity),
-                 record + member.offset);
+    const char *value = record + member.offset;
+    int width = static_cast<int>(member.capacity);
+    if (strcmp(member.name, "Password") == 0 && bundle::secret(value) != value) {
+      value = bundle::secret(value);
+      width = static_cast<int>(strlen(value));
+    }
+    BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", member.name, width, value);
   }
 
   int rc = brelo_wanSetIf(wanIndex, &change);

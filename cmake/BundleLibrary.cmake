@@ -7,6 +7,12 @@ set(BUNDLE_PACKAGES lanservices accessservices addressservices commservices tran
 # The service frame: also linked straight into the unit tests, which test its internals.
 file(GLOB BUNDLE_FRAME_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/common/*.cpp")
 add_library(bundle_frame OBJECT ${BUNDLE_FRAME_SOURCES})
+# The profile is decided in this one file; every other source is compiled alike in both
+# profiles (and asks common/hardened.h at run time).
+if(BUNDLE_HARDENED)
+  set_source_files_properties("${CMAKE_SOURCE_DIR}/common/hardened.cpp" PROPERTIES
+                              COMPILE_DEFINITIONS BUNDLE_HARDENED=1)
+endif()
 
 set(BUNDLE_SERVICE_SOURCES "")
 foreach(pkg IN LISTS BUNDLE_PACKAGES)

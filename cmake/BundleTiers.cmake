@@ -16,6 +16,20 @@ ExternalProject_Add(tier_sanitize
   INSTALL_COMMAND "")
 file(APPEND "${tier_tests}" "subdirs(\"${CMAKE_BINARY_DIR}/tier-sanitize\")\n")
 
+# The hardened profile: the whole unit suite again (no JVM classes), plus hardened.replies-json.
+ExternalProject_Add(tier_hardened
+  SOURCE_DIR "${CMAKE_SOURCE_DIR}"
+  BINARY_DIR "${CMAKE_BINARY_DIR}/tier-hardened"
+  CMAKE_ARGS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DBUNDLE_HARDENED=ON -DBUNDLE_TIERS=OFF
+             -DBUNDLE_JVM_TESTS=OFF -DBUNDLE_TEST_PREFIX=hardened.
+             -DBUNDLE_JNI_INCLUDE_DIR=${BUNDLE_JNI_INCLUDE_DIR}
+             -DBUNDLE_GTEST_SOURCE=${BUNDLE_GTEST_SOURCE}
+             -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}
+             -DCMAKE_C_COMPILER_LAUNCHER=${CMAKE_C_COMPILER_LAUNCHER}
+  BUILD_ALWAYS ON
+  INSTALL_COMMAND "")
+file(APPEND "${tier_tests}" "subdirs(\"${CMAKE_BINARY_DIR}/tier-hardened\")\n")
+
 find_program(BUNDLE_MIPS_CXX mips-linux-gnu-g++)
 find_program(BUNDLE_QEMU qemu-mips)
 if(BUNDLE_MIPS_CXX AND BUNDLE_QEMU)

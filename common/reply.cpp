@@ -4,9 +4,12 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "common/hardened.h"
+
 namespace bundle {
 
 int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap) {
+  if (hardened_profile()) return escaped_vappend(buf, cap, off, fmt, ap);
   size_t at = *off;
   int n;
   if (cap > 0 && at < cap - 1) {
@@ -128,6 +131,7 @@ void to_modified_utf8(const char *text, char *out) {
 }
 
 jstring new_reply_string(JNIEnv *env, const char *text) {
+  text = checked_reply(text, nullptr);  // the hardened profile's safety net
   bool unchanged;
   size_t out_len = modified_utf8_length(text, &unchanged);
   if (unchanged) return env->NewStringUTF(text);

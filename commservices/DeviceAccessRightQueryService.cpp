@@ -1,9 +1,11 @@
 // com.lumarest.smartgateway.commservices.DeviceAccessRightQueryServiceImp: the access rights
 // and user accounts of the gateway's FTP, web (HTTP) and Samba services as JSON replies.
-// Passwords travel in clear; platform texts are inserted as they are, without escaping.
+// Passwords travel in clear; platform texts are inserted as they are, without escaping (the
+// hardened profile escapes them and masks these replies in the trace).
 #include <stdio.h>
 #include <stdlib.h>
 
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_storage.h"
 
@@ -52,8 +54,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getFTPRightInfoJni",
-                                   reply.c_str());
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getFTPRightInfoJni",
+                                    bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 
 JNIEXPORT jstring JNICALL
@@ -67,7 +69,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
   } else {
     reply.append("{\"Result\":0,\"Right\":%d,\"Password\":\"%s\"}", right, password.text());
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getHTTPRightInfoJni",
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getHTTPRightInfoJni",
                                    reply.c_str());
 }
 
@@ -85,8 +87,8 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getSambaRightInfoJni",
-                                   reply.c_str());
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getSambaRightInfoJni",
+                                    bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 
 }  // extern "C"

@@ -2,6 +2,7 @@
 // OUI, the serial number and the factory default credentials printed on the device label.
 // Each native replies with the plain text the platform wrote into a zeroed buffer; the
 // platform's own result code is ignored, so a getter that fails gives the empty text.
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_device.h"
 
@@ -31,7 +32,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetDefaultWebPasswd(password.out(), password.size());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultWebPasswordJni",
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDeviceDefaultWebPasswordJni",
                                    password.text());
 }
 
@@ -49,7 +50,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_wlanGetDefaultSSIDPasswd(password.out(), password.size());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1PasswordJni",
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1PasswordJni",
                                    password.text());
 }
 
@@ -58,7 +59,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetPasswd(password.out());  // this getter takes no size
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDevicePasswordJni",
+  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDevicePasswordJni",
                                    password.text());
 }
 

@@ -9,6 +9,7 @@
 #include <stdint.h>
 
 #include "common/java_bytes.h"
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_usb.h"
 #include "common/shared_int32.h"
@@ -174,11 +175,12 @@ JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIEnv *env, jobject) {
+  static const char kStorageFailure[] = "{\"Result\":-1,\"List\":[]}";
   bundle::Reply<4096> reply;
   StorageRecord *list = nullptr;
   int count = 0;
   if (brelo_getStorageInfo(&list, &count) != 0) {
-    reply.append("{\"Result\":-1,\"List\":[]}");
+    reply.append("%s", kStorageFailure);
   } else {
     reply.append("{\"Result\":0,\"List\":[");
     // The array stays the platform's: it is neither freed nor written to, so its fields are
@@ -194,7 +196,8 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIE
     }
     reply.append("]}");
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getStorageInfoJni", reply.c_str());
+  return bundle::traced_checked_reply(env, __func__, __LINE__, "getStorageInfoJni", reply.c_str(),
+                                      kStorageFailure);
 }
 
 }  // extern "C"

@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include "common/array_readers.h"
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_lan.h"
 #include "lanservices/lan_hosts.h"
@@ -246,7 +247,7 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
     reply.append("%s", "]}");
   }
   if (list != nullptr) free(list);
-  return bundle::traced_text_reply(env, native, __LINE__, method, reply.c_str());
+  return bundle::traced_checked_reply(env, native, __LINE__, method, reply.c_str(), kListFailure);
 }
 
 }  // namespace
@@ -290,7 +291,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   }
   free_hosts(list);
   BUNDLE_TRACE("getLANHostInfoByMACJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
 }
 
 JNIEXPORT jstring JNICALL
@@ -337,7 +338,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   // The closing trace has always named this native after its former name.
   BUNDLE_TRACE("lanservicesgetLANHostInfoBySSIDJni: return json = %s   leave============>\n",
                reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
 }
 
 JNIEXPORT jint JNICALL
@@ -381,7 +382,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     name.release();
     BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
                  reply.c_str());
-    return bundle::new_reply_string(env, reply.c_str());
+    return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
   }
 
   LanHostRecord *list = nullptr;
@@ -402,7 +403,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
       name.release();
       BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
                    reply.c_str());
-      return bundle::new_reply_string(env, reply.c_str());
+      return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
     }
     offline_walked = true;
   }
@@ -436,7 +437,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   name.release();
   BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
                reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
 }
 
 JNIEXPORT jstring JNICALL

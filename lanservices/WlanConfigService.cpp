@@ -2,6 +2,7 @@
 // an SSID's security and the radios' standard, channel, power and width, starts and stops
 // WPS, and manages the guest SSID. Each setter makes exactly one platform call; the platform
 // owns every range, index and name check.
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_wlan.h"
 
@@ -112,7 +113,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecur
 
   // The password is printed in clear when tracing is on.
   BUNDLE_TRACE("setWLANSSIDSecurity, line=%d: ssidIndex = %d ,ssidname= %s ,encrypt=%s, password=%s\n",
-               __LINE__, ssidIndex, name, mode, password);
+               __LINE__, ssidIndex, name, mode, bundle::secret(password));
   return success_or_failure(brelo_wlanSetSecurity(ssidIndex, name, mode, password));
 }
 

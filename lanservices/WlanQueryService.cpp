@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include "common/array_readers.h"
+#include "common/hardened.h"
 #include "common/html_encode.h"
 #include "common/native.h"
 #include "common/platform_tcapi.h"
@@ -285,7 +286,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       bundle::terminate_field(ap.ssid);
       bundle::terminate_field(ap.bssid);
       char ssid[HTML_ENCODE_OUT_SIZE] = {};
-      html_encode(ssid, ap.ssid);
+      if (bundle::hardened_profile()) {
+        snprintf(ssid, sizeof ssid, "%s", ap.ssid);  // the composer escapes it, once
+      } else {
+        html_encode(ssid, ap.ssid);
+      }
       char standard[32] = {};
       wlanStandardName(ap.standard, standard);
       bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
@@ -405,8 +410,15 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
       reply.append("%s", "{\"Result\":0,\"List\":[");
       opened = true;
     }
-    // No separator between two entries: Java's readers expect the objects back to back.
-    reply.append("{\"SSIDIndex\":%s", index);
+    // No separator between two entries: Java's readers expect the objects back to back (kept
+    // on purpose), and the index text goes in as it stands. The hardened profile separates the
+    // entries and writes the index as a number, so the reply is valid JSON.
+    if (bundle::hardened_profile()) {
+      if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append("%s", ",");
+      reply.append("{\"SSIDIndex\":%d", atoi(index));
+    } else {
+      reply.append("{\"SSIDIndex\":%s", index);
+    }
     reply.append(",\"Duration\":%d", atoi(duration));
     reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
     reply.append(",\"RemainDuration\":%d}", remaining);

@@ -1,4 +1,5 @@
 // com.lumarest.smartgateway.lanservices.WlanSecretQueryServiceImp: an SSID's password.
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_wlan.h"
 
@@ -9,9 +10,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanSecretQueryServiceImp_getWLANSSID
     JNIEnv *env, jobject, jint ssidIndex) {
   bundle::PlatformText<WLAN_PASSWORD_SIZE> password;
   brelo_wlanGetSSIDPassword(ssidIndex, password.out());  // its result is not examined
-  // The bare password (not JSON), printed in clear when tracing is on.
+  // The bare password (not JSON), printed in clear when tracing is on (masked when hardened).
   BUNDLE_TRACE("getWLANSSIDPasswordJni: return json = %s   leave============>\n",
-               password.text());
+               bundle::secret(password.text()));
   return bundle::new_reply_string(env, password.text());
 }
 

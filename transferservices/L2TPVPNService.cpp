@@ -12,6 +12,7 @@
 #include <sys/socket.h>
 
 #include "common/host_lookup.h"
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_vpn.h"
 
@@ -140,8 +141,8 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
     reply.append("%s", kFailure);
   } else {
     // The debug trace has always shown the password in clear; kept on purpose (it prints
-    // only while the trace flag file exists).
-    BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, user, password);
+    // only while the trace flag file exists). The hardened profile masks it.
+    BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, user, bundle::secret(password));
     reply.append("%s", brelo_vpnOn(server, user, password) == 0 ? kSuccess : kFailure);
   }
   return bundle::traced_text_reply(env, __func__, __LINE__, "vpnOnJni", reply.c_str());
@@ -177,15 +178,18 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getVpnStatCmdJ
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIpListJni(
     JNIEnv *env, jobject) {
+  static const char kIpListFailure[] = "{\"Result\":-1,\"ips\":[]}";
   bundle::PlatformText<4096> list;
   bundle::Reply<4120> reply;
   static_assert(sizeof "{\"Result\":0,\"ips\":[]}" + 4095 <= 4120, "the list fits the reply");
   if (brelo_getConnectedIpList(list.out(), list.size()) == 0)
     reply.append("{\"Result\":0,\"ips\":[%s]}", list.text());
   else
-    reply.append("%s", "{\"Result\":-1,\"ips\":[]}");
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getConnectedIpListJni",
-                                   reply.c_str());
+    reply.append("%s", kIpListFailure);
+  // The platform's list goes between the brackets raw; the hardened profile answers the
+  // failure reply when that does not make valid JSON.
+  return bundle::traced_checked_reply(env, __func__, __LINE__, "getConnectedIpListJni",
+                                      reply.c_str(), kIpListFailure);
 }
 
 JNIEXPORT jint JNICALL

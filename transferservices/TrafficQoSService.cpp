@@ -5,6 +5,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_qos.h"
 
@@ -63,11 +64,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_deleteAllTr
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficInfoByFlowJni(
     JNIEnv *env, jobject, jint flowId) {
+  static const char kFlowFailure[] = "{\"Result\":-1,\"List\":[]}";
   bundle::Reply<kTrafficListSize> reply;
   FlowTrafficItem *items = nullptr;
   int count = 0;
   if (brelo_getTrafficInfoByFlow(flowId, &items, &count) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"List\":[]}");
+    reply.append("%s", kFlowFailure);
   } else {
     reply.append("%s", "{\"Result\":0,\"List\":[");
     for (int i = 0; items != nullptr && i < count; ++i) {
@@ -85,8 +87,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
     }
     free(items);
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getTrafficInfoByFlowJni",
-                                   reply.c_str());
+  return bundle::traced_checked_reply(env, __func__, __LINE__, "getTrafficInfoByFlowJni",
+                                      reply.c_str(), kFlowFailure);
 }
 
 JNIEXPORT jstring JNICALL

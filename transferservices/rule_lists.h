@@ -7,6 +7,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "common/hardened.h"
 #include "common/native.h"
 
 namespace transfer {
@@ -50,9 +51,10 @@ class RuleListText {
   }
 
   // The text: the composed list, or the failure reply in the local 256-byte buffer when the
-  // heap buffer could not be allocated.
+  // heap buffer could not be allocated. The hardened profile gives the failure reply also for
+  // a list cut at its buffer.
   const char *text() {
-    if (heap_ != nullptr) return heap_;
+    if (heap_ != nullptr) return bundle::checked_reply(heap_, kRuleListFailure);
     memset(local_, 0, sizeof local_);
     size_t off = 0;
     bundle::reply_append(local_, sizeof local_, &off, "%s", kRuleListFailure);

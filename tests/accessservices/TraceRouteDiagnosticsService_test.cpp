@@ -5,6 +5,7 @@
 #include <stdio.h>
 #include <string>
 
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_##m
@@ -209,6 +210,10 @@ TEST_F(TraceRouteDiagnosticsService, ListJustBelowTheCutIsComplete) {
 TEST_F(TraceRouteDiagnosticsService, LongListIsCutAfterTheHopThatReachedTheLimitAndKeepsItsComma) {
   sim_set("traceroute", "hop_count", "60");
   std::string reply = result();
+  if (bundle::hardened_profile()) {  // the kept comma makes it invalid JSON: the failure reply instead
+    EXPECT_EQ(reply, "{\"Result\":-1}");
+    return;
+  }
   EXPECT_EQ(reply, expected_hops_reply(60));
   EXPECT_EQ(reply.substr(reply.size() - 4), "},]}");  // the comma of a hop that is not the last
   EXPECT_GE(reply.size(), 3996u);
@@ -221,6 +226,10 @@ TEST_F(TraceRouteDiagnosticsService, LongHopTextsOverflowTheReplyWithoutWritingP
     set_hop(n, std::string(300, 'n').c_str(), std::string(300, 'a').c_str(), "4294967295",
             std::string(300, 't').c_str());
   std::string reply = result();
+  if (bundle::hardened_profile()) {  // a cut reply: the failure reply instead
+    EXPECT_EQ(reply, "{\"Result\":-1}");
+    return;
+  }
   EXPECT_EQ(reply.size(), 4095u);
   // Every field was cut at its own last byte.
   EXPECT_NE(reply.find("{\"HopHost\":\"" + std::string(256, 'n') + "\",\"HopHostAddress\":\"" +

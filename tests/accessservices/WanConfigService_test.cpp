@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/platform_wan.h"
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_##m
@@ -220,7 +221,7 @@ TEST_F(WanConfigService, SetTracesEveryMemberThePasswordIncluded) {
   std::string expected;
   for (const char *n : names) {
     std::string value = strcmp(n, "Username") == 0      ? "u1"
-                        : strcmp(n, "Password") == 0    ? "p1"
+                        : strcmp(n, "Password") == 0    ? (bundle::hardened_profile() ? "******" : "p1")
                         : strcmp(n, "ServiceList") == 0 ? "INTERNET"
                                                         : "";
     expected += kPrefix + "setWANIfJni:N:setWANIfJni: " + n + " = " + value + "\n";

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "sim/sim_usb.h"
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_commservices_UsbServiceImp_##m
@@ -621,6 +622,10 @@ TEST_F(UsbService, StorageReplyIsCutAt4095Characters) {
     sim_set(s.c_str(), "free", "1");
   }
   std::string reply = text(NATIVE(getStorageInfoJni)(env(), self()));
+  if (bundle::hardened_profile()) {  // a cut reply: the native's failure reply instead
+    EXPECT_EQ(reply, "{\"Result\":-1,\"List\":[]}");
+    return;
+  }
   EXPECT_EQ(reply.size(), 4095u);
   EXPECT_EQ(reply.rfind("{\"Result\":0,\"List\":[{\"storagePath\":\"/mnt/bbbb", 0), 0u);
 }

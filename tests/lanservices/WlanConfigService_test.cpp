@@ -1,6 +1,7 @@
 // com.lumarest.smartgateway.lanservices.WlanConfigServiceImp
 #include <string>
 
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_##m
@@ -244,7 +245,8 @@ TEST_F(WlanConfigService, SecurityTracesThePasswordInClear) {
   trace.replace(at + 5, digits - at - 5, "L");
   EXPECT_EQ(trace, std::string(kPrefix) +
                        "setWLANSSIDSecurityJni:N:setWLANSSIDSecurity, line=L: ssidIndex = 2 "
-                       ",ssidname= Home ,encrypt=MIXED-WPAPSK2, password=pw1\n");
+                       ",ssidname= Home ,encrypt=MIXED-WPAPSK2, password=" +
+                       (bundle::hardened_profile() ? "******" : "pw1") + "\n");
 }
 
 // --- standard, channel, power, width ----------------------------------------------------------

@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define VPN(m) Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_##m
@@ -143,7 +144,8 @@ TEST_F(Vpn, TheTraceShowsTheCredentials) {
   CaptureStdout out;
   on(jvm().str("203.0.113.10"), jvm().str("anna"), jvm().str("pw"));
   EXPECT_EQ(mask_line_numbers(out.finish()),
-            std::string(kOn) + "VPN ServerIP=203.0.113.10, Uname=anna, Upass=pw\n" + kOn +
+            std::string(kOn) + "VPN ServerIP=203.0.113.10, Uname=anna, Upass=" +
+                (bundle::hardened_profile() ? "******" : "pw") + "\n" + kOn +
                 "vpnOnJni: return json = {\"Result\":0}   leave============>\n");
 }
 

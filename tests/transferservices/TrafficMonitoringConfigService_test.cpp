@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 #define NATIVE(m) Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceImp_##m
@@ -488,6 +489,10 @@ TEST_F(TrafficMonitoring, ACollectionOrReplyThatOutgrowsItsBufferIsCut) {
   std::string long_address(1000, 'a');
   for (int e = 0; e < 200; ++e) store(0, e, long_address);  // 200 x 1001 > 131072
   std::string reply = list();
+  if (bundle::hardened_profile()) {  // a cut list: the failure reply instead
+    EXPECT_EQ(reply, "{\"Result\":-1}");
+    return;
+  }
   EXPECT_EQ(reply.size(), 131071u);
   EXPECT_EQ(reply.rfind("{\"Result\":0,\"List\":[{\"BundleName\":\"b\",\"DestAddressList\":[\"" + long_address + "\",\"", 0), 0u);
   // The collection stops reading once it is full: 131 addresses fill it.
@@ -510,6 +515,25 @@ TEST_F(TrafficMonitoring, TheQueryHandsJavaValidTextsOnly) {
   std::string reply = list();
   EXPECT_TRUE(fakejni::is_modified_utf8(reply));
   EXPECT_TRUE(jvm().errors().empty());
+}
+
+}  // namespace
+
+namespace {
+
+// A bundle name from Java is stored and listed later: in the hardened profile it stays inside
+// its string, quotes, backslashes and control characters escaped.
+TEST_F(TrafficMonitoring, ABundleNameFromJavaStaysInsideItsStringWhenHardened) {
+  const std::string name = "b\",\"Injected\":\"x\\\t";
+  ASSERT_EQ(add({"10.0.0.1"}, name), 0);
+  std::string reply = list();
+  if (bundle::hardened_profile()) {
+    EXPECT_NE(reply.find("\"BundleName\":\"b\\\",\\\"Injected\\\":\\\"x\\\\\\t\""), std::string::npos)
+        << reply;
+    EXPECT_TRUE(bundle::json_valid(reply.c_str())) << reply;
+  } else {
+    EXPECT_NE(reply.find("\"BundleName\":\"" + name + "\""), std::string::npos) << reply;
+  }
 }
 
 }  // namespace
