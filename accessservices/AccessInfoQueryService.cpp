@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "common/native.h"
+#include "common/platform_list.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
 
@@ -222,6 +223,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   WanIfListRecord *list = nullptr;
   int count = 0;
   int rc = brelo_wanGetIfList(&list, &count);
+  count = bundle::platform_list_count(list, count);
 
   if (list == nullptr) {
     // Nothing was handed over: nothing to free, and no trace on this path.
