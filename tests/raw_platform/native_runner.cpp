@@ -156,6 +156,13 @@ void fuzz_one(const uint8_t *data, size_t size) {
     for (auto &e : o.errors) fprintf(stderr, "  %s\n", e.c_str());
     abort();
   };
+  // PLATFORM_FUZZ_DEBUG=1 tells what each input reached and what the native answered.
+  if (getenv("PLATFORM_FUZZ_DEBUG") != nullptr) {
+    std::string called;
+    for (const std::string &c : o.calls) called += c + " ";
+    fprintf(stderr, "%s.%s (set %d): %s-> %s\n", n.cls, n.method, set, called.c_str(),
+            o.reply.c_str());
+  }
   if (!o.errors.empty()) fail("JNI misuse");
   if (!o.pending.empty()) fail("exception left pending: " + o.pending);
   if (o.outstanding > neutral.outstanding) fail("Java texts left borrowed");

@@ -63,7 +63,7 @@ TEST(PlatformFaults, EveryNativeEveryFunctionEveryFault) {
       std::string seed = {static_cast<char>(i >> 8), static_cast<char>(i & 0xFF),
                           static_cast<char>(set)};
       // Per call: raw bytes (13), a 3-byte text or 3 records, a 0 result.
-      for (int k = 0; k < 12; ++k) seed += std::string("\x0d\x03abc\x00", 6);
+      for (int k = 0; k < 12; ++k) seed += std::string("\x0d\x03" "abc" "\x00", 6);
       std::ofstream(std::string(seeds) + "/" + n.cls + "." + n.method, std::ios::binary) << seed;
     }
     rawplatform::reset();

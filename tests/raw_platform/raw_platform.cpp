@@ -271,6 +271,9 @@ int Call::pointer_list(int *count, bool *null_list) {
     reported = 0;
     *null_list = true;
   }
+  // Records beyond the count are unknown to the caller, who could never free their texts:
+  // they are not handed out (a count above the list still is).
+  if (reported < records) records = reported > 0 ? reported : 0;
   *count = reported;
   return records;
 }
