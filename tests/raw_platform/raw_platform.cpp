@@ -55,7 +55,7 @@ void note(const char *fn, unsigned kind) { state().outputs[fn] |= kind; }
 // In bytes mode, content drawn from the bytes instead of a fault kind.
 constexpr Fault kRawBytes = kFaultCount;
 
-bool is_error(Fault f) { return f >= kErrMinus1 && f <= kErrMin; }
+bool is_error(Fault f) { return (f >= kErrMinus1 && f <= kErrMin) || f == kErrMax; }
 
 }  // namespace
 
@@ -63,7 +63,7 @@ const char *fault_name(Fault f) {
   static const char *const names[] = {"none",        "ret-1",      "ret+1",     "ret-2",
                                       "ret-5",       "ret-min",    "fill-ff",   "fill-A",
                                       "null-list",   "count-above", "neg-count", "huge-count",
-                                      "null-pointers"};
+                                      "null-pointers", "ret-max"};
   return f >= 0 && f < kFaultCount ? names[f] : "raw-bytes";
 }
 
@@ -74,7 +74,7 @@ unsigned outputs_of(const std::string &fn) {
 }
 
 std::vector<Fault> faults_for(unsigned outputs) {
-  std::vector<Fault> f = {kErrMinus1, kErrPlus1, kErrMinus2, kErrMinus5, kErrMin};
+  std::vector<Fault> f = {kErrMinus1, kErrPlus1, kErrMinus2, kErrMinus5, kErrMin, kErrMax};
   if (outputs & (kOutText | kOutRecord | kOutNumber | kOutList | kOutPointers)) {
     f.push_back(kFillFF);
     f.push_back(kFillA);
@@ -125,8 +125,9 @@ Call::Call(const char *fn) : fn_(fn), fault_(kNone) {
   if (s.outputs.find(fn) == s.outputs.end()) s.outputs[fn] = 0;
   if (s.bytes) {
     if (s.pos < s.size) {
+      // 0..12 a fault kind, 13 and 14 content from the bytes, 15 INT_MAX.
       uint8_t b = next_byte() % 16;
-      fault_ = b < kFaultCount ? static_cast<Fault>(b) : kRawBytes;
+      fault_ = b <= kNullNext ? static_cast<Fault>(b) : b == 15 ? kErrMax : kRawBytes;
     }
   } else if (s.faulted == fn) {
     fault_ = s.fault;
@@ -316,6 +317,7 @@ int Call::result(int usual) {
     case kErrMinus2: return -2;
     case kErrMinus5: return -5;
     case kErrMin: return INT_MIN;
+    case kErrMax: return INT_MAX;
     case kRawBytes: {
       uint8_t r = next_byte();
       if (r < 0xA0) return usual;

@@ -39,6 +39,7 @@ enum Fault : int {
   kNegCount,    // one record, a count of -1
   kHugeCount,   // one record, a count of INT_MAX
   kNullNext,    // pointer records: NULL text pointers, a chain cut short
+  kErrMax,      // return INT_MAX (a count or number no gateway has)
   kFaultCount
 };
 
