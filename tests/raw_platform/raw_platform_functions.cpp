@@ -580,9 +580,10 @@ int brelo_getStorageInfo(StorageRecord **list, int *count) {
   return c.result();
 }
 
+// Two lines when nothing says otherwise, so that the lines themselves are asked.
 int brelo_voipGetNumberOfPOTS(void) {
   Call c("brelo_voipGetNumberOfPOTS");
-  return c.result();
+  return c.result(2);
 }
 
 
