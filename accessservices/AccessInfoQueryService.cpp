@@ -6,6 +6,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/platform_list.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
 
@@ -223,6 +224,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   WanIfListRecord *list = nullptr;
   int count = 0;
   int rc = brelo_wanGetIfList(&list, &count);
+  count = bundle::platform_list_count(list, count);
 
   if (list == nullptr) {
     // Nothing was handed over: nothing to free, and no trace on this path.

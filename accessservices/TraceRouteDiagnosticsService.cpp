@@ -6,6 +6,7 @@
 #include "accessservices/diag_params.h"
 #include "common/native.h"
 #include "common/platform_diag.h"
+#include "common/platform_list.h"
 
 namespace {
 
@@ -77,7 +78,9 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
     reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
     reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
     reply.append("%s", "\"RouteHops\": [");  // the blank after the colon is part of the reply
-    for (int32_t i = 0; hops != nullptr && i < count && reply.offset() < kHopListCut; ++i) {
+    // The hop array holds no more records than its allocation, whatever the count says.
+    const int32_t records = bundle::platform_list_count(hops, count);
+    for (int32_t i = 0; i < records && reply.offset() < kHopListCut; ++i) {
       TraceRouteHop &hop = hops[i];
       bundle::terminate_field(hop.host);
       bundle::terminate_field(hop.address);

@@ -9,6 +9,7 @@
 #include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_lan.h"
+#include "common/platform_list.h"
 #include "lanservices/lan_hosts.h"
 
 extern "C" {
@@ -225,6 +226,7 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
   int count = 0;
   int rc = brelo_lanGethostStatsAndSpeedByMacAddr(&list, &count, list_of_macs.entries(),
                                                   list_of_macs.count(), selector);
+  count = bundle::platform_list_count(list, count);
 
   bundle::Reply<8192> reply;
   if (rc != 0) {
@@ -282,6 +284,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   int count = 0;
   // A count of 0 goes to the platform as it is.
   int rc = brelo_lanGethostInfoByMACArr(&list, &count, list_of_macs.entries, list_of_macs.count);
+  count = bundle::platform_list_count(list, count);
 
   HostListReply &reply = work->reply;
   if (rc == 0) {
@@ -327,6 +330,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     snprintf(key, sizeof key, "%d", point);
     int count = 0;
     int rc = brelo_lanGethostInfobytype(&list, &count, key, LAN_HOST_TYPE_ATTACH_POINT);
+    count = bundle::platform_list_count(list, count);
     if (rc == 0) {
       append_host_list(reply, list, count);
     } else {
@@ -388,6 +392,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   LanHostRecord *list = nullptr;
   int count = 0;
   int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
+  count = bundle::platform_list_count(list, count);
 
   // Blocked hosts come in two lists, the present ones and the offline ones. Without present
   // ones the offline list is the whole answer.
@@ -396,6 +401,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     count = 0;
     free_hosts(list);
     rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
     BUNDLE_TRACE("get BlockOffline ret %d\n", rc);
     if (rc != 0) {
       free_hosts(list);
@@ -416,6 +422,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     free_hosts(list);
     count = 0;
     rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
     if (rc == 0 && count != 0) {
       // Decided before knowing whether any offline host is new: an all-duplicate second
       // list leaves this comma just before the closing bracket.

@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include "common/array_readers.h"
+#include "common/config_tree.h"
 #include "common/hardened.h"
 #include "common/html_encode.h"
 #include "common/native.h"
@@ -113,12 +114,12 @@ void getStaSpeed(const char *mac) {
     char node[32] = {};
     snprintf(node, sizeof node, "BandWidth_Entry%d", entry);
     char entry_mac[32] = {};
-    tcapi_get(node, "MAC", entry_mac);
+    bundle::tree_get(node, "MAC", entry_mac);
     if (strcasecmp(entry_mac, key) == 0) {
       char up_rate[32] = {};
       char down_rate[32] = {};
-      tcapi_get(node, "upRate", up_rate);
-      tcapi_get(node, "downRate", down_rate);
+      bundle::tree_get(node, "upRate", up_rate);
+      bundle::tree_get(node, "downRate", down_rate);
       up = atoi(up_rate);
       down = atoi(down_rate);
       break;
@@ -396,13 +397,13 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     char node[32] = {};
     snprintf(node, sizeof node, "WLanForGuest_Entry%d", entry);
     char index[32] = {};
-    if (tcapi_get(node, "SSIDIndex", index) != 0) continue;  // no such guest entry
+    if (bundle::tree_get(node, "SSIDIndex", index) != 0) continue;  // no such guest entry
     char duration[32] = {};
     char remain[32] = {};
     char isolation[32] = {};
-    tcapi_get(node, "Duration", duration);
-    tcapi_get(node, "DurationRemain", remain);
-    tcapi_get(node, "PortIsolation", isolation);
+    bundle::tree_get(node, "Duration", duration);
+    bundle::tree_get(node, "DurationRemain", remain);
+    bundle::tree_get(node, "PortIsolation", isolation);
     int remaining = atoi(remain);
     if (remaining < 0) remaining = 0;
 

@@ -8,6 +8,7 @@
 #include "common/array_readers.h"
 #include "common/native.h"
 #include "common/platform_forward.h"
+#include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
 
 namespace {
@@ -91,6 +92,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
   HttpTrafficProcessRule *list = nullptr;
   int count = 0;
   int rc = brelo_getHTTPTrafficProcessRuleInfo(&list, &count);
+  count = bundle::platform_list_count(list, count);
 
   transfer::RuleListText reply = rc != 0 ? transfer::RuleListText::for_failure()
                                          : transfer::RuleListText::for_rules(count);

@@ -6,6 +6,7 @@
 
 #include "common/native.h"
 #include "common/platform_forward.h"
+#include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
 
 extern "C" {
@@ -62,6 +63,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
   ForwardRule *list = nullptr;
   int count = 0;
   int rc = brelo_getForwardRuleInfo(&list, &count);
+  count = bundle::platform_list_count(list, count);
 
   transfer::RuleListText reply = rc != 0 ? transfer::RuleListText::for_failure()
                                          : transfer::RuleListText::for_rules(count);

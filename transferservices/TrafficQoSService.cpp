@@ -8,6 +8,7 @@
 #include "common/hardened.h"
 #include "common/native.h"
 #include "common/platform_qos.h"
+#include "common/platform_list.h"
 
 namespace {
 
@@ -68,7 +69,9 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
   bundle::Reply<kTrafficListSize> reply;
   FlowTrafficItem *items = nullptr;
   int count = 0;
-  if (brelo_getTrafficInfoByFlow(flowId, &items, &count) != 0) {
+  int rc = brelo_getTrafficInfoByFlow(flowId, &items, &count);
+  count = bundle::platform_list_count(items, count);
+  if (rc != 0) {
     reply.append("%s", kFlowFailure);
   } else {
     reply.append("%s", "{\"Result\":0,\"List\":[");

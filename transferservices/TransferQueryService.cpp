@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "common/native.h"
+#include "common/platform_list.h"
 #include "common/platform_route.h"
 
 namespace {
@@ -117,6 +118,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANB
   VlanBindRecord *array = nullptr;
   int count = 0;
   int rc = brelo_vlanGetBindInfo(&array, &count);
+  count = bundle::platform_list_count(array, count);
   return list_reply(env, __func__, __LINE__, "getVLANBindInfoJni", rc, array, count);
 }
 
@@ -126,6 +128,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   Ip4RouteRecord *array = nullptr;
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
+  count = bundle::platform_list_count(array, count);
   return list_reply(env, __func__, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
                     count);
 }
@@ -136,6 +139,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   Ip4RouteRecord *array = nullptr;
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
+  count = bundle::platform_list_count(array, count);
   return list_reply(env, __func__, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
 }
 
@@ -145,6 +149,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   Ip6RouteRecord *array = nullptr;
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
+  count = bundle::platform_list_count(array, count);
   return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
                     array, count);
 }
@@ -155,6 +160,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   Ip6RouteRecord *array = nullptr;
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
+  count = bundle::platform_list_count(array, count);
   return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
                     count);
 }

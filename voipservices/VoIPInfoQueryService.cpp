@@ -12,6 +12,9 @@ const char *const kLineStatusNames[] = {"SUCCESS",    "IADERROR",   "NOROUTE",
                                         "NORESPONSE", "ACCOUNTERR", "UNKNOWN"};
 const int kLineStatusCount = static_cast<int>(sizeof kLineStatusNames / sizeof kLineStatusNames[0]);
 
+// Lines asked even after the reply is full: far more than any gateway's POTS ports.
+constexpr int kLinesAskedWhenFull = 256;
+
 // A code outside the table reads as "UNKNOWN" rather than past its end.
 const char *line_status_name(int32_t code) {
   return code >= 0 && code < kLineStatusCount ? kLineStatusNames[code]
@@ -33,7 +36,11 @@ Java_com_lumarest_smartgateway_voipservices_VoIPInfoQueryServiceImp_getPOTSInfoJ
   // The separator is empty before the very first object of the reply and "," before every
   // later one, so several nodes of one line give several objects with the same index.
   const char *separator = "";
-  for (int line = 1; line <= lines; ++line) {
+  // Every line is asked, even once the reply is full. Only a line count no gateway has (more
+  // than kLinesAskedWhenFull) stops the walk at the first line past a full reply, rather than
+  // ask the platform about up to INT_MAX lines; the reply is the same either way.
+  for (int line = 1; line <= lines && !(reply.truncated() && line > kLinesAskedWhenFull);
+       ++line) {
     brelo_voipGetLineInfo(line, &list);
     if (list == nullptr) {
       // A line without information is listed with an empty number.

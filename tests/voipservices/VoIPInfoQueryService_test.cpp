@@ -110,6 +110,14 @@ TEST_F(PotsInfo, ALongListIsCutAtTheBufferAndEveryLineIsStillAsked) {
   EXPECT_EQ(sim_log_count("brelo_voipGetLineInfo"), 40);
 }
 
+TEST_F(PotsInfo, AnAbsurdLineCountIsWalkedOnlyUntilTheReplyIsFullAndLine256) {
+  sim_program_result("brelo_voipGetNumberOfPOTS", 2147483647);
+  std::string reply = pots();
+  EXPECT_EQ(reply.size(), 1023u);
+  EXPECT_EQ(reply.rfind("{\"Result\":0,\"POTSNum\":2147483647,\"Info\":[", 0), 0u);
+  EXPECT_EQ(sim_log_count("brelo_voipGetLineInfo"), 256);
+}
+
 TEST_F(PotsInfo, LargestLineNumberIsPrintedInFull) {
   sim_set("voip", "lines", "2147483647");
   sim_program_result("brelo_voipGetNumberOfPOTS", -2147483647 - 1);
