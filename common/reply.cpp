@@ -128,6 +128,8 @@ void to_modified_utf8(const char *text, char *out) {
 }
 
 jstring new_reply_string(JNIEnv *env, const char *text) {
+  // No string can be made while a Java exception is pending: Java sees the exception.
+  if (env->ExceptionCheck() == JNI_TRUE) return nullptr;
   bool unchanged;
   size_t out_len = modified_utf8_length(text, &unchanged);
   if (unchanged) return env->NewStringUTF(text);
