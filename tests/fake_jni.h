@@ -67,6 +67,8 @@ class FakeJvm {
   // releases, DeleteLocalRef and the exception queries is misuse.
   const std::string &pending_exception() const { return pending_exception_; }
   void clear_exception() { pending_exception_.clear(); }
+  // Leaves `name` pending, as a JNI call that failed would.
+  void raise(const std::string &name) { pending_exception_ = name; }
   // ExceptionCheck/ExceptionOccurred calls. They are counted here, not logged in events().
   int exception_checks() const { return exception_checks_; }
   // Runs `f` each time a failing string's copy fails (e.g. to note the gateway's call log at
