@@ -18,6 +18,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   }
 
   bundle::JavaChars parameter(env, jparameter);
+  if (bundle::acquire_failed(env, parameter)) return -1;  // no diagnostic is started
   bundle::ParamTree params;  // a null or empty text: offset 0, duration 30, one connection
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");

@@ -26,6 +26,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   }
 
   bundle::JavaChars parameter(env, jparameter);
+  if (bundle::acquire_failed(env, parameter)) return -1;  // no diagnostic is started
   bundle::ParamTree params;  // a null or empty text gives every default
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");

@@ -12,6 +12,7 @@ Java_com_lumarest_smartgateway_addressservices_LANIPConfigServiceImp_setLANHostI
     JNIEnv *env, jobject, jstring jaddress, jstring jmask) {
   bundle::JavaChars address(env, jaddress);
   bundle::JavaChars mask(env, jmask);
+  if (bundle::acquire_failed(env, address, mask)) return -1;
   // No syntax check here: the platform judges the texts.
   int rc = brelo_lanSetLanHostIP(address.or_empty(), mask.or_empty());
   BUNDLE_TRACE("setLANHostIPJni: return code = %d   leave============>\n", rc);
@@ -39,6 +40,8 @@ Java_com_lumarest_smartgateway_addressservices_LANIPConfigServiceImp_setLANDHCPI
     end.keep();
     return -1;
   }
+  // A pool text that could not be obtained leaves the DHCP server as it is.
+  if (bundle::acquire_failed(env, enable_text, start, end)) return -1;
   // The pool and the duration go to the platform as given, reversed or malformed alike.
   int rc = brelo_lanSetLANDHCPInfo(enable, start.or_empty(), end.or_empty(), duration);
   BUNDLE_TRACE("setLANDHCPInfoJni: return code = %d   leave============>\n", rc);

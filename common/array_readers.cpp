@@ -31,6 +31,8 @@ extern "C" JNIEXPORT int brelo_getMacAddrFromJsonArr(JNIEnv *env, jobjectArray a
   if (n > MAX_MAC_ENTRIES) n = MAX_MAC_ENTRIES;
 
   for (int i = 0; i < n; ++i) {
+    // An exception pending (an element out of reach) ends the reading like a failed text.
+    if (bundle::exception_pending(env)) return -1;
     bundle::LocalRef<jstring> element(
         env, static_cast<jstring>(env->GetObjectArrayElement(array, i)));
     bundle::JavaChars mac(env, element.get());
@@ -65,9 +67,13 @@ extern "C" JNIEXPORT int parseObjecArray(JNIEnv *env, jobjectArray array, char *
   // joined text has reached size - 1 characters.
   size_t off = 0;
   for (int i = 0; i < n; ++i) {
+    // A text that could not be obtained ends the join: no JNI call follows the failure, and
+    // the caller sees the exception pending.
+    if (bundle::exception_pending(env)) break;
     bundle::LocalRef<jstring> element(
         env, static_cast<jstring>(env->GetObjectArrayElement(array, i)));
     bundle::JavaChars text(env, element.get());
+    if (text.is_null() && bundle::exception_pending(env)) break;  // released with NULL
     append_piece(out, size, &off, "%s", text.or_empty());
     if (i != n - 1) append_piece(out, size, &off, "%s", ",");
     text.release();

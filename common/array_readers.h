@@ -14,11 +14,13 @@ extern "C" {
 // Copies the texts of `array` into `entries` (at most 256; a text is cut at 127 bytes).
 // Returns 0 when the array was read to its end, -1 at the first element whose text could not
 // be obtained. *count is the capped array length when any entry is non-empty, else 0.
+// Failure contract: stops at a pending exception (-1, *count 0), making no JNI call after it.
 JNIEXPORT int brelo_getMacAddrFromJsonArr(JNIEnv *env, jobjectArray array,
                                           char (*entries)[MAC_ENTRY_SIZE], int *count);
 
 // Joins the texts of `array` with "," into `out` (`size` bytes, zeroed by the caller); never
 // writes past out + size, cutting the joined text at size - 1 characters. Always returns 0.
+// Failure contract: stops at a pending exception, leaving it pending for the caller to see.
 JNIEXPORT int parseObjecArray(JNIEnv *env, jobjectArray array, char *out, int size);
 
 }

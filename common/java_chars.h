@@ -9,6 +9,11 @@
 //
 // A text still held when its JavaChars goes out of scope is released then, so no path leaks
 // by accident; the few texts that are deliberately never given back say so with keep().
+//
+// Failure contract: once a JNI call has failed with an exception pending (a text that could
+// not be copied, an array element out of reach), the helpers here make no JNI call but
+// ReleaseStringUTFChars, DeleteLocalRef and ExceptionCheck; a native then releases what it
+// holds and returns its failure value (see exception_pending).
 #ifndef BUNDLE_COMMON_JAVA_CHARS_H
 #define BUNDLE_COMMON_JAVA_CHARS_H
 
@@ -19,10 +24,15 @@ namespace bundle {
 class JavaChars {
  public:
   // Borrows the modified-UTF-8 text of `s`. A null `s` reads as a NULL text without any JNI
-  // call (a JVM would abort on it); a JVM that cannot copy the text also gives NULL.
+  // call (a JVM would abort on it); a JVM that cannot copy the text gives NULL with an
+  // exception pending, and that NULL text is still held (released with NULL). With an
+  // exception already pending, nothing is asked of the JVM: the text reads as NULL and is not
+  // held, so no Release is ever made for a text that was never obtained.
   JavaChars(JNIEnv *env, jstring s)
-      : env_(env), s_(s), chars_(s != nullptr ? env->GetStringUTFChars(s, nullptr) : nullptr),
-        held_(s != nullptr) {}
+      : env_(env), s_(s), chars_(nullptr),
+        held_(s != nullptr && env->ExceptionCheck() == JNI_FALSE) {
+    if (held_) chars_ = env->GetStringUTFChars(s, nullptr);
+  }
   JavaChars(JavaChars &&other) noexcept
       : env_(other.env_), s_(other.s_), chars_(other.chars_), held_(other.held_) {
     other.held_ = false;
@@ -75,9 +85,26 @@ class LocalRef {
   T ref_;
 };
 
-// Length of a Java array; a null array counts as empty.
+// True when a JNI call has left an exception pending (ExceptionCheck). A native that sees it
+// after its acquires releases what it holds and returns its failure value at once, without
+// any platform call and without a reply string.
+inline bool exception_pending(JNIEnv *env) { return env->ExceptionCheck() == JNI_TRUE; }
+
+// After a native's acquires: when an exception is pending, releases `texts` in the order
+// given (the failed one with its NULL, those never obtained not at all) and answers true; the
+// native then returns its failure value at once. One ExceptionCheck per call.
+template <typename... Texts>
+inline bool acquire_failed(JNIEnv *env, Texts &...texts) {
+  if (!exception_pending(env)) return false;
+  (texts.release(), ...);
+  return true;
+}
+
+// Length of a Java array; a null array counts as empty, and so does any array while an
+// exception is pending (no JNI call is made then).
 inline jsize array_length(JNIEnv *env, jobjectArray array) {
-  return array != nullptr ? env->GetArrayLength(array) : 0;
+  if (array == nullptr || exception_pending(env)) return 0;
+  return env->GetArrayLength(array);
 }
 
 }  // namespace bundle

@@ -131,6 +131,8 @@ void to_modified_utf8(const char *text, char *out) {
 }
 
 jstring new_reply_string(JNIEnv *env, const char *text) {
+  // No string can be made while a Java exception is pending: Java sees the exception.
+  if (env->ExceptionCheck() == JNI_TRUE) return nullptr;
   text = checked_reply(text, nullptr);  // the hardened profile's safety net
   bool unchanged;
   size_t out_len = modified_utf8_length(text, &unchanged);

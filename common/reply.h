@@ -89,7 +89,8 @@ void to_modified_utf8(const char *text, char *out);
 // The one way a reply text becomes a jstring. Valid modified UTF-8 goes to NewStringUTF as is;
 // any other text is repaired first (see to_modified_utf8) so the rest of the reply survives.
 // Returns NewStringUTF's result (NULL when the JVM could not allocate it, or when the repair
-// buffer could not be allocated).
+// buffer could not be allocated). Failure contract: with an exception pending it returns NULL
+// without calling NewStringUTF.
 jstring new_reply_string(JNIEnv *env, const char *text);
 
 }  // namespace bundle

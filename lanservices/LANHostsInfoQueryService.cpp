@@ -220,6 +220,7 @@ void free_hosts(LanHostRecord *&list) {
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
                          const char *native, const char *method) {
   bundle::HeapMacList list_of_macs(env, macs);
+  if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
   if (!list_of_macs.ok()) return bundle::traced_text_reply(env, native, __LINE__, method, kListFailure);
 
   LanHostStatsRecord *list = nullptr;
@@ -279,6 +280,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   }
   bundle::MacList &list_of_macs = work->macs;
   list_of_macs.read(env, macs);
+  if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
 
   LanHostRecord *list = nullptr;
   int count = 0;
@@ -301,6 +303,7 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByInterfaceJni(
     JNIEnv *env, jobject, jstring jname) {
   bundle::JavaChars name(env, jname);
+  if (bundle::acquire_failed(env, name)) return nullptr;
 
   // "LAN<n>" is taken as it is, so LAN5 to LAN12 also name the wireless networks 1 to 8;
   // "SSID1" to "SSID8" become 5 to 12. Both prefixes are case-sensitive.
@@ -359,6 +362,7 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostInfoByClassJni(
     JNIEnv *env, jobject, jstring jclass) {
   bundle::JavaChars name(env, jclass);
+  if (bundle::acquire_failed(env, name)) return nullptr;
   struct Work {
     HostListReply reply;
     MacTextIndex index;

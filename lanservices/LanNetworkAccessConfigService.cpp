@@ -57,6 +57,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
   bundle::HeapMacList list(env, macs);
+  if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   // The filter mode is neither read nor changed when adding.
   int rc = list.ok() ? add_each(list.entries(), list.count(), kAddBlack) : -1;
   BUNDLE_TRACE("addLANHostToBlackListJni: return code = %d   leave============>\n", rc);
@@ -69,6 +70,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_BLACK)) {
     bundle::HeapMacList list(env, macs);
+    if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
     if (list.ok()) rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_BLACK);
   }
   BUNDLE_TRACE("deleteLANHostFromBlackListJni: return code = %d   leave============>\n", rc);
@@ -79,6 +81,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
   bundle::HeapMacList list(env, macs);
+  if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   int rc = -1;
   if (list.ok()) {
     int saved_mode = 0;
@@ -94,6 +97,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_deleteLANHostFromStorageBlackListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
   bundle::HeapMacList list(env, macs);
+  if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   int rc = -1;
   if (list.ok()) {
     int saved_mode = 0;
@@ -111,6 +115,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addLANHostToTrustListJni(
     JNIEnv *env, jobject, jobjectArray macs) {
   bundle::HeapMacList list(env, macs);
+  if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   int rc = list.ok() ? add_each(list.entries(), list.count(), kAddTrust) : -1;
   BUNDLE_TRACE("addLANHostToTrustListJni: return code = %d   leave============>\n", rc);
   return rc;
@@ -122,6 +127,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
   int rc = -1;
   if (filter_mode_is(LAN_FILTER_MODE_TRUST)) {
     bundle::HeapMacList list(env, macs);
+    if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
     if (list.ok()) {
       rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_TRUST);
       // Unlike the black list, the trust mode is set again after a removal.

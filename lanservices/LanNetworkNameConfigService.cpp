@@ -11,6 +11,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkNameConfigServiceImp_setGatewayNameJni(
     JNIEnv *env, jobject, jstring jname) {
   bundle::JavaChars name(env, jname);
+  if (bundle::acquire_failed(env, name)) return -1;
   int rc = brelo_sysSetGatewayName(name.or_empty());
   BUNDLE_TRACE("setGatewayNameJni: return code = %d   leave============>\n", rc);
   name.release();
@@ -22,6 +23,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkNameConfigServiceImp_setLAN
     JNIEnv *env, jobject, jstring jmac, jstring jname) {
   bundle::JavaChars mac(env, jmac);
   bundle::JavaChars name(env, jname);
+  if (bundle::acquire_failed(env, mac, name)) return -1;
   int rc = brelo_lanSetLanHostName(mac.or_empty(), name.or_empty());
   // This native alone prints its closing line always: no flag file, no prefix, no flush.
   printf("lanservicessetLANHostNameJni: return code = %d   leave============>\n", rc);

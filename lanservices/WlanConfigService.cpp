@@ -110,6 +110,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecur
     env->ReleaseStringUTFChars(jencrypt != nullptr ? jencrypt : jpassword, pass.get());
   }
   pass.keep();  // given back above, or nothing to give back
+  // An encryption or password text that could not be obtained leaves the security as it is.
+  if (bundle::exception_pending(env)) return -1;
 
   // The password is printed in clear when tracing is on.
   BUNDLE_TRACE("setWLANSSIDSecurity, line=%d: ssidIndex = %d ,ssidname= %s ,encrypt=%s, password=%s\n",

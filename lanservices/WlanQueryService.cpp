@@ -219,6 +219,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSw
     JNIEnv *env, jobject, jstring jradioType) {
   char radio[32] = {};
   bundle::JavaChars radioType(env, jradioType);
+  if (bundle::acquire_failed(env, radioType)) return JNI_FALSE;
   strncpy(radio, radioType.or_empty(), sizeof radio - 1);
   radioType.release();
 
@@ -232,6 +233,7 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJni(
     JNIEnv *env, jobject, jstring jradioType) {
   int radio = radio_of(env, jradioType);
+  if (bundle::exception_pending(env)) return nullptr;  // the radio text could not be obtained
   bundle::Reply<1024> reply;
   WlanRadioInfoRecord info;
   memset(&info, 0, sizeof info);
@@ -254,6 +256,7 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJni(
     JNIEnv *env, jobject, jstring jradioType) {
   int radio = radio_of(env, jradioType);
+  if (bundle::exception_pending(env)) return nullptr;  // the radio text could not be obtained
   static_assert(sizeof(WlanNeighborRecord) * WLAN_MAX_NEIGHBORS == 23040, "23,040 bytes");
   // Too large for the stack frame: the zeroed record array is taken from the heap.
   struct Neighbors {
@@ -317,6 +320,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
 
   // The reader's result is not examined.
   bundle::HeapMacList mac_list(env, jmacs);
+  if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
   if (!mac_list.ok()) {
     BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
     return bundle::new_reply_string(env, kFailure);

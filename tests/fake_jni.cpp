@@ -95,6 +95,20 @@ void JNICALL get_byte_array_region(JNIEnv *, jbyteArray a, jsize start, jsize le
   FakeJvm::current()->copy_region(a, start, length, out);
 }
 
+jboolean JNICALL exception_check(JNIEnv *) {
+  FakeJvm *jvm = FakeJvm::current();
+  jvm->count_exception_check();
+  return jvm->pending_exception().empty() ? JNI_FALSE : JNI_TRUE;
+}
+
+jthrowable JNICALL exception_occurred(JNIEnv *) {
+  FakeJvm *jvm = FakeJvm::current();
+  jvm->count_exception_check();
+  // A stand-in reference: the library only compares it with NULL.
+  return jvm->pending_exception().empty() ? nullptr
+                                          : reinterpret_cast<jthrowable>(jvm->self());
+}
+
 // Pinned copies sit between guard bytes, as a checking JVM places them, so a write outside
 // the elements is found when they are released.
 constexpr size_t kGuard = 32;
@@ -114,6 +128,8 @@ FakeJvm::FakeJvm() {
   table_.GetByteArrayElements = get_byte_array_elements;
   table_.ReleaseByteArrayElements = release_byte_array_elements;
   table_.GetByteArrayRegion = get_byte_array_region;
+  table_.ExceptionCheck = exception_check;
+  table_.ExceptionOccurred = exception_occurred;
   env_.functions = &table_;
   g_current = this;
 }
@@ -296,7 +312,12 @@ const char *FakeJvm::get_chars(jstring s) {
     error("GetStringUTFChars on a null or non-string object");
     return nullptr;
   }
-  if (o->fail_chars) return nullptr;
+  if (o->fail_chars) {
+    // As HotSpot: the copy could not be made, NULL comes back with the error pending.
+    pending_exception_ = "java/lang/OutOfMemoryError";
+    if (on_failed_copy_) on_failed_copy_();
+    return nullptr;
+  }
   char *copy = strdup(o->text.c_str());
   o->borrowed.push_back(copy);
   return copy;

@@ -6,6 +6,7 @@
 
 #include <jni.h>
 
+#include <functional>
 #include <list>
 #include <string>
 #include <vector>
@@ -26,7 +27,8 @@ class FakeJvm {
 
   // A Java string whose modified-UTF-8 text is `utf`.
   jstring str(const std::string &utf);
-  // A Java string whose text the JVM cannot copy: GetStringUTFChars returns NULL.
+  // A Java string whose text the JVM cannot copy: GetStringUTFChars returns NULL with an
+  // OutOfMemoryError pending, as HotSpot does.
   jstring failing_str(const std::string &utf = "x");
   // A Java String[] of the given elements (a null element stays null).
   jobjectArray array(const std::vector<jstring> &elements);
@@ -65,6 +67,14 @@ class FakeJvm {
   // releases, DeleteLocalRef and the exception queries is misuse.
   const std::string &pending_exception() const { return pending_exception_; }
   void clear_exception() { pending_exception_.clear(); }
+  // Leaves `name` pending, as a JNI call that failed would.
+  void raise(const std::string &name) { pending_exception_ = name; }
+  // ExceptionCheck/ExceptionOccurred calls. They are counted here, not logged in events().
+  int exception_checks() const { return exception_checks_; }
+  // Runs `f` each time a failing string's copy fails (e.g. to note the gateway's call log at
+  // that moment).
+  void on_failed_copy(std::function<void()> f) { on_failed_copy_ = std::move(f); }
+  void count_exception_check() { ++exception_checks_; }
   // Misuse seen: bad release pointers, double releases, invalid modified UTF-8, ...
   const std::vector<std::string> &errors() const { return errors_; }
   // Every JNI call in order, e.g. "GetStringUTFChars(s1)", "ReleaseStringUTFChars(s1,NULL)".
@@ -118,6 +128,8 @@ class FakeJvm {
   int pins_ = 0, pin_releases_ = 0;
   std::vector<jint> release_modes_;
   std::string pending_exception_;
+  int exception_checks_ = 0;
+  std::function<void()> on_failed_copy_;
 };
 
 // True when `s` is valid modified UTF-8 (what NewStringUTF requires).

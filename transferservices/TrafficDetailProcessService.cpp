@@ -54,6 +54,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_a
   rule.header_list = joined_list_copy(env, jheaderList, reader.failed());
   bundle::JavaChars bundleName = reader.read(jbundleName);
   rule.bundle_name = const_cast<char *>(bundleName.get());
+  if (bundle::acquire_failed(env, remoteAddress, direction, hostMac, bundleName)) {
+    free(rule.method_list);
+    free(rule.second_list);
+    free(rule.header_list);
+    return -1;
+  }
 
   int rc = -1;
   // A list the heap had no room for fails the call before the platform sees a half rule.

@@ -24,6 +24,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_addForw
   bundle::JavaChars protocol = reader.read(jprotocol);
   bundle::JavaChars hostMac = reader.read(jhostMac);
   bundle::JavaChars forwardToIp = reader.read(jforwardToIp);
+  if (bundle::acquire_failed(env, remoteAddress, remotePort, protocol, hostMac, forwardToIp))
+    return -1;
   rule.remote_address = const_cast<char *>(remoteAddress.get());
   rule.remote_port = const_cast<char *>(remotePort.get());
   rule.protocol = const_cast<char *>(protocol.get());

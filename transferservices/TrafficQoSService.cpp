@@ -36,6 +36,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_addTrafficToFlowJni(
     JNIEnv *env, jobject, jstring jremoteAddress, jstring jremotePort, jint flowId) {
   TrafficTexts texts(env, jremoteAddress, jremotePort);
+  if (bundle::acquire_failed(env, texts.address, texts.port)) return -1;
   int rc = brelo_addTrafficToFlow(texts.address.get(), texts.port.get(), flowId);
   BUNDLE_TRACE("addTrafficToFlowJni: return code = %d   leave============>\n", rc);
   texts.address.release();
@@ -47,6 +48,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_deleteTrafficFromFlowJni(
     JNIEnv *env, jobject, jstring jremoteAddress, jstring jremotePort, jint flowId) {
   TrafficTexts texts(env, jremoteAddress, jremotePort);
+  if (bundle::acquire_failed(env, texts.address, texts.port)) return -1;
   int rc = brelo_deleteTrafficFromFlow(texts.address.get(), texts.port.get(), flowId);
   BUNDLE_TRACE("deleteTrafficFromFlowJni: return code = %d   leave============>\n", rc);
   texts.address.release();

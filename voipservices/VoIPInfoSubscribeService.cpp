@@ -20,9 +20,14 @@ void change_subscription(JNIEnv *env, jstring jsubscriber, jobjectArray events,
                          EventSubscription platform) {
   char eventList[512] = {};
   parseObjecArray(env, events, eventList, sizeof eventList);
+  if (bundle::exception_pending(env)) return;  // an event text could not be obtained
   if (eventList[0] == '\0') snprintf(eventList, sizeof eventList, "%s", kDefaultEvents);
 
   bundle::JavaChars subscriber(env, jsubscriber);
+  if (bundle::exception_pending(env)) {
+    subscriber.keep();  // never given back, as on every other path
+    return;
+  }
   // A null subscriber (or one the JVM could not copy) reaches the platform as the empty text.
   platform(subscriber.or_empty(), eventList);
   // Kept on purpose: the subscriber text is never given back.

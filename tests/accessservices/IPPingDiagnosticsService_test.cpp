@@ -60,10 +60,10 @@ TEST_F(IPPingDiagnosticsService, NullParameterTextGivesEveryDefault) {
   EXPECT_EQ(request(), "4/10/56/0");
 }
 
-TEST_F(IPPingDiagnosticsService, ParameterTextTheJvmCannotCopyGivesDefaultsAndIsReleased) {
+TEST_F(IPPingDiagnosticsService, ParameterTextTheJvmCannotCopyStartsNothingAndIsReleased) {
   jstring host = jvm().str("192.0.2.1");
-  EXPECT_EQ(NATIVE(startIPPingDiagnosticsJni)(env(), self(), 1, host, jvm().failing_str()), 0);
-  EXPECT_EQ(request(), "4/10/56/0");
+  EXPECT_EQ(NATIVE(startIPPingDiagnosticsJni)(env(), self(), 1, host, jvm().failing_str()), -1);
+  EXPECT_EQ(log(), "");
   EXPECT_EQ(jvm().null_releases(), 1);
 }
 

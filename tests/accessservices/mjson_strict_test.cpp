@@ -59,12 +59,16 @@ class MjsonStrict : public testsupport::BridgeTest {
   // and one that does.
   void start_all(jstring parameter) {
     DIAG(IPPingDiagnosticsService, startIPPingDiagnosticsJni)(env(), self(), 1, jvm().str("h"), parameter);
+    jvm().clear_exception();  // Java has thrown, if a text could not be copied
     DIAG(TraceRouteDiagnosticsService, startTraceRouteDiagnosticsJni)(env(), self(), 1, jvm().str("h"),
                                                                        parameter);
+    jvm().clear_exception();  // Java has thrown, if a text could not be copied
     DIAG(HttpDownloadDiagnosticsService, startHttpDownloadDiagnosticsJni)(env(), self(), 1, jvm().str("u"),
                                                                            parameter);
+    jvm().clear_exception();  // Java has thrown, if a text could not be copied
     DIAG(HttpUploadDiagnosticsService, startHttpUploadDiagnosticsJni)(env(), self(), 1, jvm().str("u"),
                                                                        parameter);
+    jvm().clear_exception();  // Java has thrown, if a text could not be copied
     // The URL texts of the HTTP starts are never given back.
     expected_outstanding_ += 2;
   }

@@ -54,7 +54,7 @@ TEST_F(LanAddress, HostIPReleasesBothTextsInOrderAndTraces) {
 
 TEST_F(LanAddress, HostIPOfNullTextsIsSafe) {
   EXPECT_EQ(CONFIG(setLANHostIPJni)(env(), self(), nullptr, jvm().failing_str()), -1);
-  EXPECT_EQ(log(), "brelo_lanSetLanHostIP(\"\", \"\")\n");
+  EXPECT_EQ(log(), "");  // a text that could not be had changes nothing
   EXPECT_EQ(jvm().null_releases(), 1);
 }
 
@@ -98,7 +98,8 @@ TEST_F(LanAddress, DhcpNullEnableTextIsRefusedLikeAnInvalidOne) {
   EXPECT_EQ(CONFIG(setLANDHCPInfoJni)(env(), self(), jvm().failing_str(), jvm().str("a"), jvm().str("b"), 1), -1);
   EXPECT_EQ(log(), "");
   EXPECT_EQ(jvm().released(), 0);
-  expected_outstanding_ = 4;
+  // The first call keeps its two pool texts; after the failed copy nothing more is asked for.
+  expected_outstanding_ = 2;
 }
 
 TEST_F(LanAddress, DhcpRangesGoToThePlatformAsGiven) {

@@ -99,6 +99,24 @@ TEST_F(MacListTest, FailedCopyStopsAtOnceAndKeepsWhatWasCopied) {
   EXPECT_EQ(jvm().null_releases(), 0);
 }
 
+TEST_F(MacListTest, FailedCopyLeavesTheErrorPendingAndNoCallAfterIt) {
+  jobjectArray a = jvm().array({jvm().failing_str(), jvm().str("aa:bb:cc:dd:ee:ff")});
+  EXPECT_EQ(read(a), -1);
+  EXPECT_EQ(jvm().pending_exception(), "java/lang/OutOfMemoryError");
+  EXPECT_EQ(jvm().events_text(),
+            "GetArrayLength(a3)\nGetObjectArrayElement(a3,0)\nGetStringUTFChars(s1)\n"
+            "DeleteLocalRef(s1)\n");
+  EXPECT_TRUE(jvm().errors().empty());
+}
+
+TEST_F(MacListTest, WithAnErrorAlreadyPendingNothingIsRead) {
+  jobjectArray a = jvm().array_of({"00:11:22:33:44:55"});
+  jvm().raise("java/lang/OutOfMemoryError");
+  EXPECT_EQ(read(a), 0);  // a null or unreadable array reads as no entries
+  EXPECT_EQ(count_, 0);
+  EXPECT_EQ(jvm().events_text(), "");
+}
+
 TEST_F(MacListTest, NullElementFailsLikeAFailedCopy) {
   EXPECT_EQ(read(jvm().array({jvm().str("00:11:22:33:44:55"), nullptr})), -1);
   EXPECT_EQ(count_, 0);
@@ -165,6 +183,26 @@ TEST_F(JoinTest, JoinThatFillsTheBufferExactlyIsWhole) {
 
 TEST_F(JoinTest, NullElementJoinsAsEmptyText) {
   EXPECT_EQ(join(jvm().array({jvm().str("a"), nullptr, jvm().str("b")}), 64), "a,,b");
+}
+
+TEST_F(JoinTest, FailedCopyEndsTheJoinWithTheErrorPending) {
+  jobjectArray a = jvm().array({jvm().str("a"), jvm().failing_str(), jvm().str("c")});
+  EXPECT_EQ(join(a, 64), "a,");
+  EXPECT_EQ(jvm().pending_exception(), "java/lang/OutOfMemoryError");
+  // The failed copy is given back with NULL; the third element is never fetched.
+  EXPECT_EQ(jvm().acquired(), 2);
+  EXPECT_EQ(jvm().null_releases(), 1);
+  EXPECT_EQ(jvm().events_text().find("GetObjectArrayElement(a4,2)"), std::string::npos)
+      << jvm().events_text();
+  EXPECT_EQ(jvm().live_local_refs(), 0);
+  EXPECT_TRUE(jvm().errors().empty());
+}
+
+TEST_F(JoinTest, WithAnErrorAlreadyPendingNothingIsJoined) {
+  jobjectArray a = jvm().array_of({"a"});
+  jvm().raise("java/lang/OutOfMemoryError");
+  EXPECT_EQ(join(a, 64), "");
+  EXPECT_EQ(jvm().events_text(), "");
 }
 
 TEST_F(JoinTest, NullArrayJoinsNothing) { EXPECT_EQ(join(nullptr, 64), ""); }

@@ -58,6 +58,57 @@ TEST_F(JavaCharsTest, FailedCopyIsReleasedWithItsNullPointer) {
   EXPECT_EQ(jvm().events_text(), "GetStringUTFChars(s1)\nReleaseStringUTFChars(s1,NULL)\n");
 }
 
+TEST_F(JavaCharsTest, AFailedCopyLeavesTheErrorPending) {
+  jstring s = jvm().failing_str();
+  bundle::JavaChars text(env(), s);
+  EXPECT_TRUE(text.is_null());
+  EXPECT_TRUE(bundle::exception_pending(env()));
+  EXPECT_EQ(jvm().pending_exception(), "java/lang/OutOfMemoryError");
+  text.release();
+  EXPECT_EQ(jvm().events_text(), "GetStringUTFChars(s1)\nReleaseStringUTFChars(s1,NULL)\n");
+}
+
+TEST_F(JavaCharsTest, WithAnErrorPendingNothingIsAskedForNorGivenBack) {
+  jvm().raise("java/lang/OutOfMemoryError");
+  jstring s = jvm().str("a");
+  {
+    bundle::JavaChars text(env(), s);
+    EXPECT_TRUE(text.is_null());
+    EXPECT_STREQ(text.or_empty(), "");
+    text.release();
+  }
+  EXPECT_EQ(jvm().events_text(), "");
+  EXPECT_EQ(jvm().acquired(), 0);
+  EXPECT_EQ(jvm().released(), 0);
+  EXPECT_EQ(jvm().exception_checks(), 1);  // one check per text
+}
+
+TEST_F(JavaCharsTest, AcquireFailedReleasesInOrderOnlyWhatWasObtained) {
+  jstring a = jvm().str("a"), b = jvm().failing_str(), c = jvm().str("c");
+  bundle::JavaChars first(env(), a);
+  bundle::JavaChars second(env(), b);
+  bundle::JavaChars third(env(), c);
+  EXPECT_TRUE(bundle::acquire_failed(env(), first, second, third));
+  EXPECT_EQ(jvm().events_text(),
+            "GetStringUTFChars(s1)\nGetStringUTFChars(s2)\n"
+            "ReleaseStringUTFChars(s1)\nReleaseStringUTFChars(s2,NULL)\n");
+  EXPECT_TRUE(jvm().errors().empty());
+}
+
+TEST_F(JavaCharsTest, AcquireFailedIsFalseWithoutAnError) {
+  bundle::JavaChars text(env(), jvm().str("a"));
+  EXPECT_FALSE(bundle::acquire_failed(env(), text));
+  EXPECT_STREQ(text.get(), "a");
+  text.release();
+}
+
+TEST_F(JavaCharsTest, ArrayWithAnErrorPendingHasLengthZeroWithoutAnyJniCall) {
+  jobjectArray a = jvm().array_of({"x"});
+  jvm().raise("java/lang/OutOfMemoryError");
+  EXPECT_EQ(bundle::array_length(env(), a), 0);
+  EXPECT_EQ(jvm().events_text(), "");
+}
+
 TEST_F(JavaCharsTest, KeptTextIsNeverReleased) {
   {
     bundle::JavaChars t(env(), jvm().str("url"));

@@ -148,6 +148,15 @@ TEST_F(NewReplyString, LargeRepairUsesAHeapCopy) {
   EXPECT_EQ(text(s), expected);
 }
 
+TEST_F(NewReplyString, NoStringIsMadeWithAnErrorPending) {
+  jvm().raise("java/lang/OutOfMemoryError");
+  EXPECT_EQ(bundle::new_reply_string(env(), "{\"Result\":0}"), nullptr);
+  EXPECT_EQ(bundle::new_reply_string(env(), "caf\xFF"), nullptr);
+  EXPECT_EQ(jvm().new_strings(), 0);
+  EXPECT_EQ(jvm().events_text(), "");
+  EXPECT_EQ(jvm().exception_checks(), 2);  // one check per reply, none per byte
+}
+
 TEST_F(NewReplyString, NullFromTheJvmIsReturnedAsIs) {
   jvm().fail_new_string(true);
   EXPECT_EQ(bundle::new_reply_string(env(), "x"), nullptr);

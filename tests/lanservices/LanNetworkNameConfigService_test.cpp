@@ -43,7 +43,8 @@ TEST_F(LanHostSettings, GatewayNameIsSetAndTheResultReturned) {
 
 TEST_F(LanHostSettings, GatewayNameOfANullStringIsSafe) {
   EXPECT_EQ(NAMING(setGatewayNameJni)(env(), self(), nullptr), 0);
-  EXPECT_EQ(NAMING(setGatewayNameJni)(env(), self(), jvm().failing_str()), 0);
+  EXPECT_EQ(NAMING(setGatewayNameJni)(env(), self(), jvm().failing_str()), -1);
+  EXPECT_EQ(log(), "brelo_sysSetGatewayName(\"\")\n");  // the null string's call only
   EXPECT_EQ(jvm().null_releases(), 1);
 }
 

@@ -206,7 +206,8 @@ TEST_F(WlanQueryService, HardwareSwitchWithANullOrUnreadableRadioTypeAsksForTheE
   gateway();
   EXPECT_EQ(NATIVE(getWLANHardwareSwitchJni)(env(), self(), nullptr), JNI_FALSE);
   EXPECT_EQ(NATIVE(getWLANHardwareSwitchJni)(env(), self(), jvm().failing_str()), JNI_FALSE);
-  EXPECT_EQ(log(), "brelo_wlanGetRadioSwitch(\"\")\nbrelo_wlanGetRadioSwitch(\"\")\n");
+  // An unreadable radio type asks the platform nothing.
+  EXPECT_EQ(log(), "brelo_wlanGetRadioSwitch(\"\")\n");
   EXPECT_EQ(jvm().null_releases(), 1);
 }
 
@@ -232,9 +233,10 @@ TEST_F(WlanQueryService, EveryOtherRadioTypeSelectsRadioOne) {
   EXPECT_EQ(text(NATIVE(getWLANRadioInfoJni)(env(), self(), jvm().str("2.4G "))), five);
   EXPECT_EQ(text(NATIVE(getWLANRadioInfoJni)(env(), self(), jvm().str(""))), five);
   EXPECT_EQ(text(NATIVE(getWLANRadioInfoJni)(env(), self(), nullptr)), five);
-  EXPECT_EQ(text(NATIVE(getWLANRadioInfoJni)(env(), self(), jvm().failing_str())), five);
+  // An unreadable radio type asks the platform nothing and makes no reply string.
+  EXPECT_EQ(text(NATIVE(getWLANRadioInfoJni)(env(), self(), jvm().failing_str())), "<null>");
   std::string expected;
-  for (int i = 0; i < 6; ++i) expected += "brelo_wlanGetRadioInfo(1)\n";
+  for (int i = 0; i < 5; ++i) expected += "brelo_wlanGetRadioInfo(1)\n";
   EXPECT_EQ(log(), expected);
   // Every text read is given back, the unreadable one with its NULL pointer.
   EXPECT_EQ(jvm().acquired(), 5);
@@ -304,8 +306,15 @@ TEST_F(WlanQueryService, NoNeighboursGiveAnEmptyList) {
 TEST_F(WlanQueryService, NeighbourFailureReply) {
   neighbour(1, 1, "x", "b", 1, 1, 1);
   sim_program_result("brelo_wlanGetNeighbor", -1);
-  EXPECT_EQ(text(NATIVE(getWLANNeighborJni)(env(), self(), jvm().failing_str())),
+  EXPECT_EQ(text(NATIVE(getWLANNeighborJni)(env(), self(), jvm().str("5G"))),
             "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+  EXPECT_EQ(jvm().released(), 1);
+}
+
+TEST_F(WlanQueryService, NeighboursOfAnUnreadableRadioTypeAreNotAskedFor) {
+  neighbour(1, 1, "x", "b", 1, 1, 1);
+  EXPECT_EQ(text(NATIVE(getWLANNeighborJni)(env(), self(), jvm().failing_str())), "<null>");
+  EXPECT_EQ(log(), "");
   EXPECT_EQ(jvm().null_releases(), 1);
 }
 
@@ -455,13 +464,14 @@ TEST_F(WlanQueryService, OnlyEmptyRequestsReadAsNoRequestAtAll) {
   EXPECT_NE(log().find("brelo_wlanGetHostInfo([], 0)\n"), std::string::npos);
 }
 
-TEST_F(WlanQueryService, AnUnreadableMacTextIsIgnoredAndTheRestOfTheQueryGoesOn) {
+TEST_F(WlanQueryService, AnUnreadableMacTextStopsTheQuery) {
   gateway();
   station(1, 1, -45, "A4:5E:60:C1:22:9B");
   jobjectArray macs = jvm().array({jvm().str("A4:5E:60:C1:22:9B"), jvm().failing_str()});
-  std::string reply = text(NATIVE(getWLANHostInfoJni)(env(), self(), macs));
-  // The reader stops with a count of 0: every station is listed.
-  EXPECT_EQ(reply.rfind("{\"Result\":0,\"List\":[{\"SSIDIndex\":1,", 0), 0u) << reply;
+  sim_clear_log();
+  // The platform is not asked and no reply string is made while the error is pending.
+  EXPECT_EQ(text(NATIVE(getWLANHostInfoJni)(env(), self(), macs)), "<null>");
+  EXPECT_EQ(log(), "");
 }
 
 TEST_F(WlanQueryService, A300MacRequestListsTheFirst256) {

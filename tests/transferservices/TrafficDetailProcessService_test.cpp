@@ -102,19 +102,29 @@ TEST_F(HttpTrafficProcess, AJoinedListIsCutAt1023Bytes) {
 TEST_F(HttpTrafficProcess, AddAsksForNoTextAfterACopyFailed) {
   jstring addr = jvm().str("a");
   jstring dir = jvm().failing_str();
-  add(addr, 1, dir, jvm().str("m"), jvm().array_of({"GET"}), jvm().array_of({"x"}),
-      jvm().array_of({"Host"}), jvm().str("b"));
+  EXPECT_EQ(add(addr, 1, dir, jvm().str("m"), jvm().array_of({"GET"}), jvm().array_of({"x"}),
+                jvm().array_of({"Host"}), jvm().str("b")),
+            -1);
   EXPECT_EQ(jvm().acquired(), 2);
   EXPECT_EQ(jvm().events_text(),
             "GetStringUTFChars(s1)\nGetStringUTFChars(s2)\n"
             "ReleaseStringUTFChars(s1)\nReleaseStringUTFChars(s2,NULL)\n");
-  EXPECT_EQ(log(), "brelo_addHTTPTrafficProcessRule(\"a\", 1, NULL, NULL, \"\", \"\", \"\", NULL)\n");
+  // No rule is added once a text could not be had; Java sees the pending error.
+  EXPECT_EQ(log(), "");
+  EXPECT_EQ(jvm().pending_exception(), "java/lang/OutOfMemoryError");
 }
 
-TEST_F(HttpTrafficProcess, AFailingListElementJoinsAsEmpty) {
-  add(jvm().str("a"), 1, jvm().str("UP"), jvm().str("m"), jvm().array({jvm().str("GET"), jvm().failing_str()}),
-      jvm().array_of({}), jvm().array_of({}), jvm().str("b"));
-  EXPECT_EQ(log(), "brelo_addHTTPTrafficProcessRule(\"a\", 1, \"UP\", \"m\", \"GET,\", \"\", \"\", \"b\")\n");
+TEST_F(HttpTrafficProcess, AFailingListElementStopsTheRule) {
+  EXPECT_EQ(add(jvm().str("a"), 1, jvm().str("UP"), jvm().str("m"),
+                jvm().array({jvm().str("GET"), jvm().failing_str()}), jvm().array_of({"x"}),
+                jvm().array_of({}), jvm().str("b")),
+            -1);
+  EXPECT_EQ(log(), "");
+  // Neither the later lists nor the bundle name are asked for; every text had is given back.
+  EXPECT_EQ(jvm().acquired(), 5);
+  EXPECT_EQ(jvm().outstanding(), 0);
+  EXPECT_EQ(jvm().live_local_refs(), 0);
+  EXPECT_EQ(jvm().pending_exception(), "java/lang/OutOfMemoryError");
 }
 
 TEST_F(HttpTrafficProcess, AddReturnsThePlatformResult) {

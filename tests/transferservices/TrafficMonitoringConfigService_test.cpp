@@ -338,6 +338,7 @@ TEST_F(TrafficMonitoring, BundleNamesNullEmptyAndLong) {
   EXPECT_EQ(NATIVE(addTrafficMonitoringDestAddressJni)(env(), self(), jvm().array_of({"10.0.0.1"}),
                                                        jvm().failing_str("b")),
             -1);
+  jvm().clear_exception();  // Java has thrown
   EXPECT_EQ(NATIVE(deleteTrafficMonitoringDestAddressJni)(env(), self(), jvm().array_of({"10.0.0.1"}), nullptr), -1);
   EXPECT_EQ(sets(), 0);
 
