@@ -6,13 +6,15 @@ set(host_file "${OUT}/replies-host.txt")
 set(mips_file "${OUT}/replies-mips.txt")
 file(REMOVE "${host_file}" "${mips_file}")
 
+# Tests whose natives run on several threads at once answer in no fixed order: left out.
+set(one_thread "--gtest_filter=-SimConcurrency.*")
 set(ENV{BUNDLE_REPLY_TRANSCRIPT} "${host_file}")
-execute_process(COMMAND "${HOST_TESTS}" --gtest_brief=1 RESULT_VARIABLE rc OUTPUT_QUIET)
+execute_process(COMMAND "${HOST_TESTS}" --gtest_brief=1 ${one_thread} RESULT_VARIABLE rc OUTPUT_QUIET)
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "host unit tests failed while transcribing")
 endif()
 set(ENV{BUNDLE_REPLY_TRANSCRIPT} "${mips_file}")
-execute_process(COMMAND "${QEMU}" -L "${SYSROOT}" "${MIPS_TESTS}" --gtest_brief=1 RESULT_VARIABLE rc
+execute_process(COMMAND "${QEMU}" -L "${SYSROOT}" "${MIPS_TESTS}" --gtest_brief=1 ${one_thread} RESULT_VARIABLE rc
                 OUTPUT_QUIET)
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "MIPS unit tests failed while transcribing")

@@ -277,7 +277,7 @@ std::string source_dir() {
 }
 
 TEST_F(HardenedReplies, EveryNativeKeepsInjectedPlatformTextsInsideTheirStrings) {
-  if (!kHardened) GTEST_SKIP() << "the default profile inserts platform texts as they are";
+  // In the default profile the same texts reach Java as they are: the injection shows.
   ASSERT_EQ(sim_load_default(), 0);
   // Every text value of the default gateway gets an injection appended; numbers stay.
   const std::vector<std::string> files = {"lan", "hosts", "wlan", "wan", "address", "device",
@@ -302,7 +302,7 @@ TEST_F(HardenedReplies, EveryNativeKeepsInjectedPlatformTextsInsideTheirStrings)
       sim_set(section.c_str(), key.c_str(), (std::string(value) + "\",\"Injected\":\"\n").c_str());
     }
   }
-  size_t checked = 0;
+  size_t checked = 0, raw = 0;
   for (size_t n = 0; n < catalogue::kNativeCount; ++n) {
     const catalogue::Native &native = catalogue::kNatives[n];
     if (native.returns != catalogue::Returns::kText) continue;
@@ -320,10 +320,15 @@ TEST_F(HardenedReplies, EveryNativeKeepsInjectedPlatformTextsInsideTheirStrings)
     std::string reply = r.text != nullptr ? text(r.text) : std::string();
     if (reply.empty() || reply[0] != '{') continue;
     ++checked;
+    if (!kHardened) {
+      if (reply.find("\",\"Injected\":\"\n") != std::string::npos) ++raw;
+      continue;
+    }
     EXPECT_TRUE(bundle::json_valid(reply.c_str())) << native.cls << "." << native.method << ": " << reply;
     EXPECT_FALSE(has_member(reply, "\"Injected\"")) << native.cls << "." << native.method << ": " << reply;
   }
   EXPECT_GT(checked, 20u);
+  if (!kHardened) EXPECT_GT(raw, 20u);
   expected_outstanding_ = jvm().outstanding();  // texts some natives keep on purpose
 }
 

@@ -113,8 +113,12 @@ TEST_F(PotsInfo, ALongListIsCutAtTheBufferAndEveryLineIsStillAsked) {
 TEST_F(PotsInfo, AnAbsurdLineCountIsWalkedOnlyUntilTheReplyIsFullAndLine256) {
   sim_program_result("brelo_voipGetNumberOfPOTS", 2147483647);
   std::string reply = pots();
-  EXPECT_EQ(reply.size(), 1023u);
-  EXPECT_EQ(reply.rfind("{\"Result\":0,\"POTSNum\":2147483647,\"Info\":[", 0), 0u);
+  if (bundle::hardened_profile()) {
+    EXPECT_EQ(reply, "{\"Result\":-1}");  // cut: failure when hardened
+  } else {
+    EXPECT_EQ(reply.size(), 1023u);
+    EXPECT_EQ(reply.rfind("{\"Result\":0,\"POTSNum\":2147483647,\"Info\":[", 0), 0u);
+  }
   EXPECT_EQ(sim_log_count("brelo_voipGetLineInfo"), 256);
 }
 
