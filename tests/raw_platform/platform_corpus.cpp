@@ -1,40 +1,28 @@
 // Replays the platform fuzz target's committed inputs (seeds and past findings) on every
 // tier: each one runs its native against the raw platform fed by the input's bytes.
-#include <dirent.h>
+#include <stdint.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "tests/corpus_files.h"
 #include "tests/raw_platform/native_runner.h"
 
 namespace {
 
-std::vector<std::string> files_in(const std::string &dir) {
-  std::vector<std::string> files;
-  if (DIR *d = opendir(dir.c_str())) {
-    while (dirent *e = readdir(d))
-      if (e->d_name[0] != '.') files.push_back(dir + "/" + e->d_name);
-    closedir(d);
-  }
-  return files;
-}
-
-void replay(const std::string &dir, size_t at_least) {
-  std::vector<std::string> files = files_in(dir);
-  EXPECT_GE(files.size(), at_least) << dir;
+void replay(const char *kind, size_t at_least) {
+  std::vector<std::string> files = corpus::files(corpus::dir("platform", kind));
+  EXPECT_GE(files.size(), at_least) << kind;
   for (const std::string &f : files) {
     SCOPED_TRACE(f);
-    std::ifstream in(f, std::ios::binary);
-    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::string bytes = corpus::contents(f);
     rawrun::fuzz_one(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
   }
 }
 
-TEST(PlatformCorpus, Seeds) { replay(PLATFORM_CORPUS "/seed", 163); }
-TEST(PlatformCorpus, Findings) { replay(PLATFORM_CORPUS "/crash", 1); }
+TEST(PlatformCorpus, Seeds) { replay("seed", 163); }
+TEST(PlatformCorpus, Findings) { replay("crash", 1); }
 
 }  // namespace

@@ -204,7 +204,7 @@ final class ArgumentParser {
         }
         long value = 0;
         for (int i = 0; i < s.length(); i++) {
-            int digit = hexDigit(s.charAt(i));
+            int digit = JsonArrays.hexDigit(s.charAt(i));
             if (digit < 0 || digit >= radix) {
                 throw notAnInt(text, where);
             }
@@ -305,8 +305,8 @@ final class ArgumentParser {
         }
         byte[] bytes = new byte[digits.length() / 2];
         for (int i = 0; i < bytes.length; i++) {
-            int hi = hexDigit(digits.charAt(2 * i));
-            int lo = hexDigit(digits.charAt(2 * i + 1));
+            int hi = JsonArrays.hexDigit(digits.charAt(2 * i));
+            int lo = JsonArrays.hexDigit(digits.charAt(2 * i + 1));
             if (hi < 0 || lo < 0) {
                 throw new ArgumentException(where + ": hex: contains a non-hex character near position "
                         + (2 * i + 1) + " of '" + digits + "'");
@@ -314,19 +314,6 @@ final class ArgumentParser {
             bytes[i] = (byte) (hi << 4 | lo);
         }
         return bytes;
-    }
-
-    private static int hexDigit(char c) {
-        if (c >= '0' && c <= '9') {
-            return c - '0';
-        }
-        if (c >= 'a' && c <= 'f') {
-            return c - 'a' + 10;
-        }
-        if (c >= 'A' && c <= 'F') {
-            return c - 'A' + 10;
-        }
-        return -1;
     }
 
     // ---- output ------------------------------------------------------------------------

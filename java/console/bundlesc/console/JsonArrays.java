@@ -254,7 +254,7 @@ final class JsonArrays {
      * The value of an ASCII hex digit, else -1 (Character.digit would also take the other
      * scripts' digits, e.g. fullwidth or Arabic-Indic ones, which JSON does not).
      */
-    private static int hexDigit(char c) {
+    static int hexDigit(char c) {
         if (c >= '0' && c <= '9') {
             return c - '0';
         }
