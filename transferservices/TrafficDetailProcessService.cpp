@@ -100,12 +100,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
   int rc = brelo_getHTTPTrafficProcessRuleInfo(&list, &count);
   count = bundle::platform_list_count(list, count);
 
-  transfer::RuleListText reply = rc != 0 ? transfer::RuleListText::for_failure()
-                                         : transfer::RuleListText::for_rules(count);
-  if (rc != 0) {
-    reply.append("%s", transfer::kRuleListFailure);
-  } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+  transfer::RuleListText reply(rc, count);
+  if (rc == 0) {
     for (int i = 0; list != nullptr && i < count; ++i) {
       const HttpTrafficProcessRule &r = list[i];
       // The port is a number written inside quotes, and the two lists go between the
@@ -119,8 +115,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
                    transfer::field_text(r.bundle_name));
       if (i != count - 1) reply.append("%s", ",");
     }
-    reply.append("%s", "]}");
   }
+  reply.finish();
 
   // The platform's list, on failure too: every text of every rule but the second list,
   // which stays the platform's, then the array.

@@ -67,12 +67,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
   int rc = brelo_getForwardRuleInfo(&list, &count);
   count = bundle::platform_list_count(list, count);
 
-  transfer::RuleListText reply = rc != 0 ? transfer::RuleListText::for_failure()
-                                         : transfer::RuleListText::for_rules(count);
-  if (rc != 0) {
-    reply.append("%s", transfer::kRuleListFailure);
-  } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+  transfer::RuleListText reply(rc, count);
+  if (rc == 0) {
     for (int i = 0; list != nullptr && i < count; ++i) {
       const ForwardRule &r = list[i];
       reply.append("{\"RemoteAddress\":\"%s\",\"RemotePort\":\"%s\",\"Protocol\":\"%s\","
@@ -82,8 +78,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
                    transfer::field_text(r.forward_to_ip), static_cast<int>(r.forward_to_port));
       if (i != count - 1) reply.append("%s", ",");
     }
-    reply.append("%s", "]}");
   }
+  reply.finish();
 
   // The platform's list, on failure too: the five texts of every rule, then the array.
   if (list != nullptr) {

@@ -26,13 +26,19 @@ constexpr size_t kRuleReplyShare = 512;
 // A reply text on the heap, or in the caller's small local buffer when the heap has no room.
 class RuleListText {
  public:
-  // Room for `count` rules: (count + 1) x 512 zeroed bytes (a negative count lists nothing).
-  static RuleListText for_rules(int count) {
-    size_t n = count > 0 ? static_cast<size_t>(count) : 0;
-    return RuleListText((n + 1) * kRuleReplyShare);
+  // The reply of a rule query whose platform call answered `rc` with `count` rules: when rc
+  // is not 0, the failure reply in a 512-byte buffer of its own; else the head of a list in
+  // (count + 1) x 512 zeroed bytes (a negative count lists nothing). The rules follow with
+  // append(); finish() closes a list.
+  RuleListText(int rc, int count) : RuleListText(rc != 0 ? kRuleReplyShare : room_for(count)) {
+    listing_ = rc == 0;
+    append("%s", listing_ ? "{\"Result\":0,\"List\":[" : kRuleListFailure);
   }
-  // The failure reply's own buffer: 512 zeroed bytes.
-  static RuleListText for_failure() { return RuleListText(kRuleReplyShare); }
+
+  // Closes the list (nothing to do after a failure reply).
+  void finish() {
+    if (listing_) append("%s", "]}");
+  }
 
   RuleListText(const RuleListText &) = delete;
   RuleListText &operator=(const RuleListText &) = delete;
@@ -63,11 +69,18 @@ class RuleListText {
 
  private:
   explicit RuleListText(size_t cap)
-      : heap_(static_cast<char *>(calloc(cap, 1))), cap_(cap), off_(0), local_{} {}
+      : heap_(static_cast<char *>(calloc(cap, 1))), cap_(cap), off_(0), listing_(false),
+        local_{} {}
+
+  static size_t room_for(int count) {
+    size_t n = count > 0 ? static_cast<size_t>(count) : 0;
+    return (n + 1) * kRuleReplyShare;
+  }
 
   char *heap_;
   size_t cap_;
   size_t off_;
+  bool listing_;
   char local_[256];
 };
 
