@@ -17,11 +17,12 @@ namespace {
 constexpr int kJoinedListSize = 1024;
 
 // Joins a Java String[] with "," (cut at 1023 bytes) and returns a heap copy of the result,
-// or NULL when the heap has no room. A list is not read once a text copy of the call failed.
-char *joined_list_copy(JNIEnv *env, jobjectArray array, bool skip) {
+// or NULL when the heap has no room. Once a text copy of the call has failed, the reader asks
+// the JVM for nothing and the list joins as empty.
+char *joined_list_copy(JNIEnv *env, jobjectArray array) {
   char joined[kJoinedListSize];
   memset(joined, 0, sizeof joined);
-  if (!skip) parseObjecArray(env, array, joined, sizeof joined);
+  parseObjecArray(env, array, joined, sizeof joined);
   size_t n = strlen(joined);
   char *copy = static_cast<char *>(malloc(n + 1));
   if (copy != nullptr) memcpy(copy, joined, n + 1);
@@ -39,20 +40,20 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_a
     jstring jbundleName) {
   HttpTrafficProcessRule rule;
   memset(&rule, 0, sizeof rule);
-  // No text is tested: a null one reaches the platform as a NULL field.
-  transfer::TextReader reader(env);
-  bundle::JavaChars remoteAddress = reader.read(jremoteAddress);
-  bundle::JavaChars direction = reader.read(jdirection);
-  bundle::JavaChars hostMac = reader.read(jhostMac);
+  // No text is tested: a null one reaches the platform as a NULL field. Once a copy has
+  // failed, the later texts read as NULL without asking the JVM.
+  bundle::JavaChars remoteAddress(env, jremoteAddress);
+  bundle::JavaChars direction(env, jdirection);
+  bundle::JavaChars hostMac(env, jhostMac);
   rule.remote_address = const_cast<char *>(remoteAddress.get());
   rule.remote_port = remotePort;
   rule.direction = const_cast<char *>(direction.get());
   rule.host_mac = const_cast<char *>(hostMac.get());
 
-  rule.method_list = joined_list_copy(env, jmethodList, reader.failed());
-  rule.second_list = joined_list_copy(env, jsecondList, reader.failed());
-  rule.header_list = joined_list_copy(env, jheaderList, reader.failed());
-  bundle::JavaChars bundleName = reader.read(jbundleName);
+  rule.method_list = joined_list_copy(env, jmethodList);
+  rule.second_list = joined_list_copy(env, jsecondList);
+  rule.header_list = joined_list_copy(env, jheaderList);
+  bundle::JavaChars bundleName(env, jbundleName);
   rule.bundle_name = const_cast<char *>(bundleName.get());
   if (bundle::acquire_failed(env, remoteAddress, direction, hostMac, bundleName)) {
     free(rule.method_list);

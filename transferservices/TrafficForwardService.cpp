@@ -17,13 +17,13 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_addForw
     jstring jhostMac, jstring jforwardToIp, jint forwardToPort) {
   ForwardRule rule;
   memset(&rule, 0, sizeof rule);
-  // No text is tested: a null one reaches the platform as a NULL field.
-  transfer::TextReader reader(env);
-  bundle::JavaChars remoteAddress = reader.read(jremoteAddress);
-  bundle::JavaChars remotePort = reader.read(jremotePort);
-  bundle::JavaChars protocol = reader.read(jprotocol);
-  bundle::JavaChars hostMac = reader.read(jhostMac);
-  bundle::JavaChars forwardToIp = reader.read(jforwardToIp);
+  // No text is tested: a null one reaches the platform as a NULL field. Once a copy has
+  // failed, the later texts read as NULL without asking the JVM.
+  bundle::JavaChars remoteAddress(env, jremoteAddress);
+  bundle::JavaChars remotePort(env, jremotePort);
+  bundle::JavaChars protocol(env, jprotocol);
+  bundle::JavaChars hostMac(env, jhostMac);
+  bundle::JavaChars forwardToIp(env, jforwardToIp);
   if (bundle::acquire_failed(env, remoteAddress, remotePort, protocol, hostMac, forwardToIp))
     return -1;
   rule.remote_address = const_cast<char *>(remoteAddress.get());

@@ -1,5 +1,5 @@
-// What the traffic-forward and HTTP traffic-process natives share: the rule-list reply buffer,
-// its failure reply, and reading Java texts for a rule record.
+// What the traffic-forward and HTTP traffic-process natives share: the rule-list reply buffer
+// and its failure reply.
 #ifndef BUNDLE_TRANSFERSERVICES_RULE_LISTS_H
 #define BUNDLE_TRANSFERSERVICES_RULE_LISTS_H
 
@@ -86,24 +86,6 @@ class RuleListText {
 
 // A platform text field of a listed rule; a field the platform left NULL lists as empty.
 inline const char *field_text(const char *field) { return field != nullptr ? field : ""; }
-
-// The texts of a rule are read one after the other. Once a copy has failed the JVM has an
-// exception pending and may be asked for nothing more: every later text of the call then
-// reads as NULL (and every later list as empty) without a JNI call.
-class TextReader {
- public:
-  explicit TextReader(JNIEnv *env) : env_(env), failed_(false) {}
-  bundle::JavaChars read(jstring s) {
-    bundle::JavaChars chars(env_, failed_ ? nullptr : s);
-    if (!failed_ && s != nullptr && chars.is_null()) failed_ = true;
-    return chars;
-  }
-  bool failed() const { return failed_; }
-
- private:
-  JNIEnv *env_;
-  bool failed_;
-};
 
 }  // namespace transfer
 
