@@ -1,6 +1,6 @@
 # The Java side: service-class declarations, the simulator's control class and the console
-# (compiled for Java 8, the gateway's VM), and the JUnit 5 tests, each test class one ctest
-# test run in a real JVM under -Xcheck:jni.
+# (compiled for Java 8, the gateway's VM), and the JUnit 5 tests, run in real JVMs under
+# -Xcheck:jni.
 
 find_package(Java 11 REQUIRED COMPONENTS Development Runtime)
 set(BUNDLE_JAVA_LIBS "/usr/share/java" CACHE PATH "Where the JUnit 5 jars are (Debian: junit5)")
@@ -49,6 +49,12 @@ if(TARGET gatewaysim_jni)
 endif()
 
 if(bundle_java_tests)
+  # Most test classes share one JVM (starting a JVM costs more than a class's tests, and one
+  # JVM loading the library once is how a framework uses it); JUnit's tree report names every
+  # test. The soak and the deep-stack test measure a JVM of their own and run alone.
+  set(own_jvm_tests SoakTest DeepStackTest)
+  set(shared_selects "")
+  set(jvm_test_names "")
   foreach(src IN LISTS java_test_sources)
     if(NOT src MATCHES "Test\\.java$")
       continue()
@@ -57,15 +63,27 @@ if(bundle_java_tests)
     string(REGEX REPLACE "\\.java$" "" class "${rel}")
     string(REPLACE "/" "." class "${class}")
     get_filename_component(simple "${src}" NAME_WE)
-    add_test(NAME jvm.${simple}
-      COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
-              -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
-              --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
-    set_tests_properties(jvm.${simple} PROPERTIES
-      RESOURCE_LOCK gateway_flag_files
-      # The simulator's route tool and resolver stand in for the machine's.
-      ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
-      # -Xcheck:jni reports misuse as warnings; any of them fails the test.
-      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+    if(simple IN_LIST own_jvm_tests)
+      set(name jvm.${simple})
+      add_test(NAME ${name}
+        COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+                -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
+                --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
+      list(APPEND jvm_test_names ${name})
+    else()
+      list(APPEND shared_selects --select-class ${class})
+    endif()
   endforeach()
+  add_test(NAME jvm.services
+    COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+            -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
+            --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" ${shared_selects}
+            --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
+  list(APPEND jvm_test_names jvm.services)
+  set_tests_properties(${jvm_test_names} PROPERTIES
+    RESOURCE_LOCK gateway_flag_files
+    # The simulator's route tool and resolver stand in for the machine's.
+    ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
+    # -Xcheck:jni reports misuse as warnings; any of them fails the test.
+    FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
 endif()

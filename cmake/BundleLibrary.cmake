@@ -20,11 +20,14 @@ foreach(pkg IN LISTS BUNDLE_PACKAGES)
   list(APPEND BUNDLE_SERVICE_SOURCES ${pkg_sources})
 endforeach()
 
-add_library(bundle_sc SHARED ${BUNDLE_SERVICE_SOURCES} $<TARGET_OBJECTS:bundle_frame>)
+# The natives, compiled once: the library is made of these objects and the frame's, and test
+# programs that build the natives against another platform link the very same objects.
+add_library(bundle_services OBJECT ${BUNDLE_SERVICE_SOURCES})
+add_library(bundle_sc SHARED $<TARGET_OBJECTS:bundle_services> $<TARGET_OBJECTS:bundle_frame>)
 
 # What the library's own code is compiled with: careful embedded C++ (no exceptions, no RTTI,
 # no thread-safe statics, so nothing pulls in the C++ runtime) and hidden symbols.
-foreach(target bundle_frame bundle_sc)
+foreach(target bundle_frame bundle_services bundle_sc)
   target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}" ${BUNDLE_JNI_INCLUDES})
   target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
                                            -fvisibility=hidden -fvisibility-inlines-hidden
@@ -35,7 +38,7 @@ endforeach()
 # stack for native code, so no native or helper frame may exceed 16 KiB on any target; stack
 # clash protection probes every page of a frame that grows.
 set(BUNDLE_FRAME_LIMIT 16384)
-foreach(target bundle_frame bundle_sc)
+foreach(target bundle_frame bundle_services)
   target_compile_options(${target} PRIVATE -fstack-usage -fstack-clash-protection)
 endforeach()
 if(BUNDLE_SANITIZE)
@@ -44,7 +47,7 @@ else()
   set(frames_enforced ON)
 endif()
 add_custom_command(TARGET bundle_sc POST_BUILD
-  COMMAND ${CMAKE_COMMAND} "-DDIRS=${CMAKE_BINARY_DIR}/CMakeFiles/bundle_sc.dir;${CMAKE_BINARY_DIR}/CMakeFiles/bundle_frame.dir"
+  COMMAND ${CMAKE_COMMAND} "-DDIRS=${CMAKE_BINARY_DIR}/CMakeFiles/bundle_services.dir;${CMAKE_BINARY_DIR}/CMakeFiles/bundle_frame.dir"
           -DLIMIT=${BUNDLE_FRAME_LIMIT} -DOUT=${CMAKE_BINARY_DIR}/frame-sizes.txt
           -DTIER=${BUNDLE_TEST_PREFIX} -DENFORCE=${frames_enforced}
           -P "${CMAKE_SOURCE_DIR}/cmake/check_frames.cmake"
@@ -89,6 +92,8 @@ endif()
 # C++ compiler driver would add after them stays as-needed, so it drops out unused.
 target_link_libraries(bundle_sc PRIVATE "-Wl,--push-state,--no-as-needed" brelo tcapi mjson
                                         "-Wl,--pop-state")
+# The natives see mjson's header through its target.
+target_link_libraries(bundle_services PRIVATE mjson)
 
 set(BUNDLE_ALLOWED_NEEDED libbrelo.so.1 libtcapi.so.1 libmjson-1.5.so libc.so.6)
 set(BUNDLE_REQUIRED_NEEDED libbrelo.so.1 libtcapi.so.1 libmjson-1.5.so libc.so.6)

@@ -671,3 +671,6 @@ TEST_F(AccessInfoQueryService, DefaultGatewayHasALineAndFourConnections) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

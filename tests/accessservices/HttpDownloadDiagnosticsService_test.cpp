@@ -151,3 +151,6 @@ TEST_F(HttpDownloadDiagnosticsService, StartTracesItsReturnCode) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

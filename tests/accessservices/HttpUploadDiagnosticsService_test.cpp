@@ -9,7 +9,7 @@ jint NATIVE(startHttpUploadDiagnosticsJni)(JNIEnv *, jobject, jint, jstring, jst
 jstring NATIVE(getHttpUploadDiagnosticsResultJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace http_upload_diagnostics_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -223,4 +223,7 @@ TEST_F(HttpUploadDiagnosticsService, ResultTracesTheReply) {
             "   leave============>\n");
 }
 
-}  // namespace
+}  // namespace http_upload_diagnostics_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

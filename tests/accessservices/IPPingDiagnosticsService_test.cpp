@@ -9,7 +9,7 @@ jint NATIVE(startIPPingDiagnosticsJni)(JNIEnv *, jobject, jint, jstring, jstring
 jstring NATIVE(getIPPingDiagnosticsResultJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace ip_ping_diagnostics_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -239,4 +239,7 @@ TEST_F(IPPingDiagnosticsService, ResultTracesTheReply) {
             "{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}   leave============>\n");
 }
 
-}  // namespace
+}  // namespace ip_ping_diagnostics_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

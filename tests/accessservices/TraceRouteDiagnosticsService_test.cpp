@@ -14,7 +14,7 @@ jint NATIVE(startTraceRouteDiagnosticsJni)(JNIEnv *, jobject, jint, jstring, jst
 jstring NATIVE(getTraceRouteDiagnosticsResultJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace trace_route_diagnostics_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -283,4 +283,7 @@ TEST_F(TraceRouteDiagnosticsService, ResultTracesTheReply) {
             "   leave============>\n");
 }
 
-}  // namespace
+}  // namespace trace_route_diagnostics_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -19,7 +19,7 @@ jstring Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_
     JNIEnv *, jobject, jint);
 }
 
-namespace {
+namespace wan_config_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -294,4 +294,7 @@ TEST_F(WanConfigService, DeleteTracesItsCode) {
             kPrefix + "deleteWANIfJni:N:deleteWANIfJni: return code = -1   leave============>\n");
 }
 
-}  // namespace
+}  // namespace wan_config_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -86,3 +86,6 @@ TEST_F(MjsonStrict, NoParameterTreeMeansNoMjsonCallsOnNull) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef DIAG

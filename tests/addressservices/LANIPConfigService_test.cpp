@@ -245,3 +245,7 @@ TEST_F(LanAddress, SettersChangeWhatTheQueriesReturn) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef CONFIG
+#undef QUERY

@@ -414,3 +414,6 @@ TEST_F(PortMappingConfig, ChangesPersistThroughTheSavedTree) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

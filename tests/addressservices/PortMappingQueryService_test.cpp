@@ -225,3 +225,6 @@ TEST_F(PortMappingQuery, DefaultGatewayListsItsInternetRules) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

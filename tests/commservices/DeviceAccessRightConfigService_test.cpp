@@ -235,3 +235,6 @@ TEST_F(AccessRightConfig, HttpPasswordIsSetWhenNonEmpty) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef RIGHTS

@@ -206,3 +206,6 @@ TEST_F(AccessRightQuery, ANullReplyFromTheJvmIsHandedBack) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef RIGHTQ

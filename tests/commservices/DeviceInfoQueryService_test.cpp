@@ -181,3 +181,6 @@ TEST_F(DeviceInfoQueryService, NullFromNewStringUtfReachesJava) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -92,3 +92,6 @@ TEST_F(DeviceSecretInfoQueryService, TraceNamesTheNativeAndTheText) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -225,3 +225,8 @@ TEST_F(RegistrationService, LedCollapsesEveryNonZeroResultToMinusOne) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef CONFIG
+#undef REG
+#undef RESET

@@ -640,3 +640,6 @@ TEST_F(UsbService, StorageTracesTheReply) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -155,3 +155,7 @@ TEST_F(EthService, TextSettersTraceTheResult) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef CONFIG
+#undef QUERY

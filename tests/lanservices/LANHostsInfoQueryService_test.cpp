@@ -757,3 +757,6 @@ TEST_F(ClassQueryOracle, EveryHostTwiceGivesThePlainReply) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -186,3 +186,6 @@ TEST_F(LanNetworkAccessConfigService, EveryNativeTracesItsResult) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -128,3 +128,8 @@ TEST_F(LanHostSettings, SpeedQueryTracesTheReply) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef LIMIT
+#undef NAMING
+#undef SPEED

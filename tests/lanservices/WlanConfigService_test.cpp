@@ -22,7 +22,7 @@ jint NATIVE(setWLANGuestPortIsolationJni)(JNIEnv *, jobject, jint, jboolean);
 jint NATIVE(setWLANGuestDurationJni)(JNIEnv *, jobject, jint, jint);
 }
 
-namespace {
+namespace wlan_config_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -460,4 +460,7 @@ TEST_F(WlanConfigService, GuestAddTracesItsReturnCode) {
                 "deleteWLANGuestSSIDJni:N:deleteWLANGuestSSIDJni: return code = -1   leave============>\n");
 }
 
-}  // namespace
+}  // namespace wlan_config_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

@@ -19,7 +19,7 @@ jstring NATIVE(getGuestSSIDInfoJni)(JNIEnv *, jobject);
 jstring SECRET(getWLANSSIDPasswordJni)(JNIEnv *, jobject, jint);
 }
 
-namespace {
+namespace wlan_query_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -599,4 +599,8 @@ TEST_F(WlanQueryService, PasswordOf511BytesIsWhole) {
   EXPECT_EQ(text(SECRET(getWLANSSIDPasswordJni)(env(), self(), 1)), std::string(511, 'p'));
 }
 
-}  // namespace
+}  // namespace wlan_query_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE
+#undef SECRET

@@ -21,7 +21,7 @@ int isipv4str(const char *text);
 int handle_route_of_domain(char *domain, const char *device, int mode);
 }
 
-namespace {
+namespace l2tp_vpn_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -402,4 +402,7 @@ TEST_F(Vpn, ConcurrentDomainsEachRouteTheirOwnAddresses) {
   EXPECT_EQ(checked, kThreads * kRounds * 3);
 }
 
-}  // namespace
+}  // namespace l2tp_vpn_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef VPN

@@ -152,3 +152,7 @@ TEST_F(StaticRoutes, TracesCallTheResultTheRouteId) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef QUERY
+#undef ROUTES

@@ -239,3 +239,6 @@ TEST_F(HttpTrafficProcess, TracesEveryReturn) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef HTTP

@@ -12,7 +12,7 @@ jint FORWARD(deleteAllForwardRuleJni)(JNIEnv *, jobject);
 jstring FORWARD(getForwardRuleInfoJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace traffic_forward_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -214,4 +214,7 @@ TEST_F(TrafficForward, ANullReplyStringIsReturnedAsIs) {
   EXPECT_EQ(FORWARD(getForwardRuleInfoJni)(env(), self()), nullptr);
 }
 
-}  // namespace
+}  // namespace traffic_forward_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef FORWARD

@@ -462,3 +462,6 @@ TEST_F(TrafficMirror, DuplicateTestCalledDirectly) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

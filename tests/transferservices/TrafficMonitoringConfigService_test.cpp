@@ -14,7 +14,7 @@ jint NATIVE(deleteTrafficMonitoringDestAddressJni)(JNIEnv *, jobject, jobjectArr
 jstring NATIVE(getTrafficMonitoringDestAddressInfoJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace traffic_monitoring_config_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -518,9 +518,9 @@ TEST_F(TrafficMonitoring, TheQueryHandsJavaValidTextsOnly) {
   EXPECT_TRUE(jvm().errors().empty());
 }
 
-}  // namespace
+}  // namespace traffic_monitoring_config_service_test
 
-namespace {
+namespace traffic_monitoring_config_service_test {
 
 // A bundle name from Java is stored and listed later: in the hardened profile it stays inside
 // its string, quotes, backslashes and control characters escaped.
@@ -537,4 +537,7 @@ TEST_F(TrafficMonitoring, ABundleNameFromJavaStaysInsideItsStringWhenHardened) {
   }
 }
 
-}  // namespace
+}  // namespace traffic_monitoring_config_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef NATIVE

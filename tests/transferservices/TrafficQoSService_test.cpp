@@ -235,3 +235,6 @@ TEST_F(FlowQoS, TracesEveryReturn) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef QOS

@@ -13,7 +13,7 @@ jstring QUERY(getIPv6Layer3ForwardingCurrentJni)(JNIEnv *, jobject);
 jstring QUERY(getIPTVStatusJni)(JNIEnv *, jobject);
 }
 
-namespace {
+namespace transfer_query_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -257,4 +257,7 @@ TEST_F(TransferQuery, IptvStatusTracesTheName) {
             "getIPTVStatusJni: return json = IPTV_BUSSINESS_NOK   leave============>\n");
 }
 
-}  // namespace
+}  // namespace transfer_query_service_test
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef QUERY

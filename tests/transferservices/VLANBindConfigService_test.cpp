@@ -103,3 +103,7 @@ TEST_F(VlanBind, TracesTheResult) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef QUERY
+#undef VLAN

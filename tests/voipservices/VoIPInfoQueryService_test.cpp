@@ -145,3 +145,6 @@ TEST_F(PotsInfo, ANullReplyFromTheJvmIsHandedBack) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef POTS

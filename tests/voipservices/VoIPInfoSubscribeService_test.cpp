@@ -143,3 +143,6 @@ TEST_F(VoipSubscription, NothingIsPrintedWithoutTheFlagFile) {
 }
 
 }  // namespace
+
+// Unity builds compile several test files as one unit: the macros end with the file.
+#undef SUB
