@@ -68,7 +68,8 @@ void hosts(int n) {
   }
 }
 
-// Access points on the 2.4 GHz radio with SSIDs of 8-20 characters, some needing HTML escapes.
+// Access points on the 2.4 GHz radio with SSIDs of 11-14 characters, one in four needing HTML
+// escapes.
 void neighbours(int n) {
   for (int i = 0; i < n; ++i) {
     std::string s = "wlan neighbour " + std::to_string(i + 1);
@@ -130,7 +131,7 @@ void monitoring_tree(int addresses) {
   }
 }
 
-// Destinations of 8-14 characters ("10.<a>.<b>.<c>").
+// IPv4 destinations of 8-11 characters ("10.<a>.<b>.<c>").
 void vpn_destinations(int n) {
   g_destinations.clear();
   for (int i = 0; i < n; ++i)
