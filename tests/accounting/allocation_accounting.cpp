@@ -457,6 +457,20 @@ void JNICALL paused_unpin(JNIEnv *env, jbyteArray a, jbyte *elements, jint mode)
   g_real.ReleaseByteArrayElements(env, a, elements, mode);
 }
 
+// The fake JVM's JNIEnv with the count paused in the calls that allocate.
+JNIEnv paused_env(fakejni::FakeJvm &jvm) {
+  g_real = *jvm.env()->functions;
+  g_paused = g_real;
+  g_paused.GetStringUTFChars = paused_get_chars;
+  g_paused.ReleaseStringUTFChars = paused_release_chars;
+  g_paused.NewStringUTF = paused_new_string;
+  g_paused.GetByteArrayElements = paused_pin;
+  g_paused.ReleaseByteArrayElements = paused_unpin;
+  JNIEnv env;
+  env.functions = &g_paused;
+  return env;
+}
+
 struct Run {
   accounting::Tally tally;
   std::string first_call;  // the first platform function called ("" for none)
@@ -476,15 +490,7 @@ Run run(const catalogue::Native &n, const char *refused) {
   // One native gives a text back under another string of its call, as it always has.
   jvm.release_by_pointer(true);
   std::vector<catalogue::Arg> args = arguments(jvm, n);
-  g_real = *jvm.env()->functions;
-  g_paused = g_real;
-  g_paused.GetStringUTFChars = paused_get_chars;
-  g_paused.ReleaseStringUTFChars = paused_release_chars;
-  g_paused.NewStringUTF = paused_new_string;
-  g_paused.GetByteArrayElements = paused_pin;
-  g_paused.ReleaseByteArrayElements = paused_unpin;
-  JNIEnv env;
-  env.functions = &g_paused;
+  JNIEnv env = paused_env(jvm);
 
   accounting::open();
   catalogue::Result r = n.call(&env, jvm.self(), args.data());
@@ -574,6 +580,40 @@ TEST(AllocationAccounting, TableNamesEveryNativeAndNoOther) {
   for (const std::string &n : natives) EXPECT_EQ(table.count(n), 1u) << n << ": not in the table";
   for (const std::string &t : table) EXPECT_EQ(natives.count(t), 1u) << t << ": stale entry";
   EXPECT_EQ(natives.size(), catalogue::kNativeCount);
+}
+
+// The repair copy of a long reply that is not modified UTF-8 is counted apart from the
+// native's own buffers, once per reply, and is gone when the native returns: neighbours whose
+// SSIDs hold bytes that are not UTF-8 make a reply of more than 1 KiB.
+TEST(AllocationAccounting, RepairCopyOfALongReplyIsCountedApart) {
+  sim_reset();
+  sim_set_save_path(nullptr);
+  for (int i = 1; i <= 24; ++i) {
+    std::string section = "wlan neighbour " + std::to_string(i);
+    sim_set(section.c_str(), "radio", "0");
+    sim_set(section.c_str(), "ssid", "Caf\xE9 \xFF\xFE network");
+    sim_set(section.c_str(), "bssid", "3C:84:6A:11:22:33");
+  }
+  const catalogue::Native *neighbour = nullptr;
+  for (size_t k = 0; k < catalogue::kNativeCount; ++k)
+    if (strcmp(catalogue::kNatives[k].method, "getWLANNeighborJni") == 0)
+      neighbour = &catalogue::kNatives[k];
+  ASSERT_NE(neighbour, nullptr);
+  fakejni::FakeJvm jvm;
+  catalogue::Arg radio;
+  radio.s = jvm.str("2.4G");
+  JNIEnv env = paused_env(jvm);
+  accounting::open();
+  catalogue::Result r = neighbour->call(&env, jvm.self(), &radio);
+  accounting::Tally t = accounting::close();
+  ASSERT_NE(r.text, nullptr);
+  EXPECT_GT(jvm.text(r.text).size(), 1024u);
+  EXPECT_NE(jvm.text(r.text).find("\xEF\xBF\xBD"), std::string::npos);  // repaired
+  EXPECT_EQ(t.replies, 1);
+  EXPECT_EQ(t.repair_allocations, 1);
+  EXPECT_EQ(t.allocations, 2);  // the neighbour records and the list text, as on any gateway
+  EXPECT_EQ(t.own_outstanding, 0);
+  EXPECT_EQ(t.foreign_frees, 0);
 }
 
 // One test per class, named after it: AllocationAccounting.LANHostsInfoQueryService.
