@@ -328,7 +328,9 @@ TEST_F(HardenedReplies, EveryNativeKeepsInjectedPlatformTextsInsideTheirStrings)
     EXPECT_FALSE(has_member(reply, "\"Injected\"")) << native.cls << "." << native.method << ": " << reply;
   }
   EXPECT_GT(checked, 20u);
-  if (!kHardened) EXPECT_GT(raw, 20u);
+  if (!kHardened) {
+    EXPECT_GT(raw, 20u);
+  }
   expected_outstanding_ = jvm().outstanding();  // texts some natives keep on purpose
 }
 
