@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The bridge's own cost per call in a real JVM against the floor of a conforming native
 # (java/bench/bundlesc/bench/BridgeBench.java, bench/floor): prints a Markdown table, worst
-# ratio first. A full run takes one to two minutes.
+# ratio first. A full run takes about a minute.
 #
 #   bench/run-jvm-bench.sh [build-dir] [BridgeBench options, e.g. --rounds 31 --only Wlan]
 #
@@ -29,7 +29,12 @@ fi
 # The simulated gateway with its call log off (read when the simulator loads) and nothing saved;
 # libgatewayhost.so keeps the route tool and resolver simulated, libbundle_floor.so counts the
 # debug-flag checks.
+# What the natives themselves print (one prints its outcome on every call) goes to
+# /dev/null; the table is written to a file of its own and printed at the end.
+table=$(mktemp)
+trap 'rm -f "$table"' EXIT
 BRELO_SIM_LOG=off BRELO_SIM_SAVE= \
 LD_PRELOAD="$build/lib/libgatewayhost.so:$build/lib/libbundle_floor.so" \
   java -Xms256m -Xmx256m -XX:+UseSerialGC -Djava.library.path="$build/lib" \
-       -cp "$build/java/classes" bundlesc.bench.BridgeBench "$@"
+       -cp "$build/java/classes" bundlesc.bench.BridgeBench --out "$table" "$@" >/dev/null
+cat "$table"

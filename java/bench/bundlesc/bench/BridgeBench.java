@@ -2,7 +2,9 @@ package bundlesc.bench;
 
 import bundlesc.sim.GatewaySim;
 import java.io.File;
+import java.io.FileOutputStream;
 import java.io.IOException;
+import java.io.PrintStream;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
@@ -22,8 +24,9 @@ import java.util.regex.Pattern;
 /**
  * The bridge's own cost per call, in a real JVM, against the floor of a conforming native.
  *
- * Every native of every service class runs against the simulated gateway, each with the
- * arguments that leave the gateway as it was (the setters get the values the default gateway
+ * Every native of every service class runs against the simulated gateway (the default one,
+ * loaded afresh before every batch of calls), each with the arguments that leave the gateway as
+ * it was (the setters get the values the default gateway
  * already holds, or targets that do not exist; the calls that have no harmless form are
  * refused by the simulated gateway). Its floor is a bare native (libbundle_floor.so) that makes
  * as many debug-flag checks as the native made in one call and answers the same text or int.
@@ -37,10 +40,11 @@ import java.util.regex.Pattern;
  * Run it through bench/run-jvm-bench.sh: libbundle_floor.so must be preloaded (it counts the
  * checks) and /tmp/brelo_debug must not exist (the trace would be printed and timed).
  *
- * Options: --rounds N (21), --warmup-ms N per native (40), --batch-ms N per batch (2),
+ * Options: --rounds N (31), --warmup-ms N per native (40), --batch-ms N per batch (3),
  * --min-calls N per warm-up (20), --only REGEX (Class.method), --smoke (tiny counts; runs even
  * when the flag file exists, for the ctest smoke entry: figures are then meaningless), --expect N
- * (fail unless exactly N natives got a row).
+ * (fail unless exactly N natives got a row), --out FILE (the table goes there instead of to
+ * standard output, which a native or two print to).
  */
 public final class BridgeBench {
     private static final String ROOT = "com.lumarest.smartgateway";
@@ -136,13 +140,14 @@ public final class BridgeBench {
         }
     }
 
-    private int rounds = 21;
+    private int rounds = 31;
     private long warmupNs = 40_000_000L;
-    private long batchNs = 2_000_000L;
+    private long batchNs = 3_000_000L;
     private int minCalls = 20;
     private Pattern only;
     private boolean smoke;
     private int expect = -1;
+    private String out;
     private final List<String> problems = new ArrayList<String>();
 
     public static void main(String[] argv) throws Exception {
@@ -173,11 +178,13 @@ public final class BridgeBench {
                 minCalls = Math.max(1, Integer.parseInt(argv[++i]));
             } else if (a.equals("--expect") && hasValue) {
                 expect = Integer.parseInt(argv[++i]);
+            } else if (a.equals("--out") && hasValue) {
+                out = argv[++i];
             } else if (a.equals("--only") && hasValue) {
                 only = Pattern.compile(argv[++i]);
             } else {
                 System.err.println("usage: BridgeBench [--rounds N] [--warmup-ms N] [--batch-ms N]"
-                        + " [--min-calls N] [--only REGEX] [--expect N] [--smoke]");
+                        + " [--min-calls N] [--only REGEX] [--expect N] [--out FILE] [--smoke]");
                 return false;
             }
         }
@@ -221,7 +228,13 @@ public final class BridgeBench {
             b.nativeMedian = median(b.nativeNs);
             b.floorMedian = median(b.floorNs);
         }
-        print(benches, seconds);
+        if (out == null) {
+            print(benches, seconds, System.out);
+        } else {
+            try (PrintStream table = new PrintStream(new FileOutputStream(out), true, "UTF-8")) {
+                print(benches, seconds, table);
+            }
+        }
         if (!smoke && new File(FLAG).exists()) {
             System.err.println(FLAG + " appeared during the run: the figures are void");
             return 2;
@@ -343,6 +356,7 @@ public final class BridgeBench {
      * it makes; then the floor is given the same answer and the same number of checks.
      */
     private void prepare(Bench b) throws ReflectiveOperationException {
+        gateway();
         call(b);  // loads the library and settles anything a first call does
         GatewaySim.clearLog();
         long before = Floor.flagChecks();
@@ -377,6 +391,10 @@ public final class BridgeBench {
     }
 
     private long timeNative(Bench b, int calls) {
+        // Every batch starts from the default gateway: a few natives leave something behind
+        // by design (every usbOpenJni issues a new handle), and a state that grows from batch
+        // to batch would slow every later native down.
+        gateway();
         long checks = Floor.flagChecks();
         long start = System.nanoTime();
         for (int i = 0; i < calls; i++) {
@@ -385,8 +403,6 @@ public final class BridgeBench {
         long elapsed = System.nanoTime() - start;
         b.checksTimed += Floor.flagChecks() - checks;
         b.callsTimed += calls;
-        // The simulated call log is kept short (when the simulator keeps one at all).
-        GatewaySim.clearLog();
         return elapsed;
     }
 
@@ -400,18 +416,23 @@ public final class BridgeBench {
 
     /**
      * Calls the native and its floor for the warm-up time (at least minCalls each, so the
-     * reflective call sites are compiled), then sizes the batches to about batchNs.
+     * reflective call sites are compiled), in batches that double up to half a batch time;
+     * the last of them sizes the batches of the rounds to about batchNs.
      */
     private void warmUp(Bench b) throws ReflectiveOperationException {
+        int size = 1;
         long calls = 0;
-        long spent = 0;
+        double perCall = 1.0;
         long start = System.nanoTime();
         while (calls < minCalls || System.nanoTime() - start < warmupNs) {
-            spent += timeNative(b, 1);
-            timeFloor(b, 1);
-            calls++;
+            long spent = timeNative(b, size);
+            timeFloor(b, size);
+            calls += size;
+            perCall = Math.max(1.0, (double) spent / size);
+            if (spent < batchNs / 2 && size < 100_000) {
+                size *= 2;
+            }
         }
-        double perCall = Math.max(1.0, (double) spent / calls);
         b.batch = (int) Math.max(1, Math.min(100_000, batchNs / perCall));
         b.checksTimed = 0;
         b.callsTimed = 0;
@@ -441,19 +462,19 @@ public final class BridgeBench {
         return String.format(Locale.ROOT, "%,.0f", value);
     }
 
-    private void print(List<Bench> benches, double seconds) {
+    private void print(List<Bench> benches, double seconds, PrintStream o) {
         List<Bench> sorted = new ArrayList<Bench>(benches);
         sorted.sort((a, b) -> Double.compare(b.ratio(), a.ratio()));
         boolean logged = false;
         for (Bench b : benches) {
             logged |= b.platformCalls > 0;
         }
-        System.out.printf(Locale.ROOT, "Java %s (%s), %d natives, %d rounds, %.1f s%n%n",
+        o.printf(Locale.ROOT, "Java %s (%s), %d natives, %d rounds, %.1f s%n%n",
                 System.getProperty("java.version"), System.getProperty("java.vm.name"),
                 benches.size(), rounds, seconds);
-        System.out.println("| # | native | answers | flag checks | platform calls | reply bytes"
+        o.println("| # | native | answers | flag checks | platform calls | reply bytes"
                 + " | calls/batch | native ns | floor ns | ratio | excess ns |");
-        System.out.println("|---:|---|---|---:|---:|---:|---:|---:|---:|---:|---:|");
+        o.println("|---:|---|---|---:|---:|---:|---:|---:|---:|---:|---:|");
         int rank = 0;
         List<Double> ratios = new ArrayList<Double>();
         for (Bench b : sorted) {
@@ -462,14 +483,14 @@ public final class BridgeBench {
             if (b.callsTimed > 0 && b.checksTimed != (long) b.checks * b.callsTimed) {
                 checks += String.format(Locale.ROOT, " (%.1f)", (double) b.checksTimed / b.callsTimed);
             }
-            System.out.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.1f | %s |%n",
+            o.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.1f | %s |%n",
                     ++rank, b.name(), b.returns, checks,
                     logged ? Integer.toString(b.platformCalls) : "-",
                     b.returns.equals("text") ? grouped(b.replyBytes) : "-", b.batch,
                     grouped(b.nativeMedian), grouped(b.floorMedian), b.ratio(),
                     grouped(b.nativeMedian - b.floorMedian));
         }
-        System.out.printf(Locale.ROOT, "%nmedian ratio %.1f; rows: %d of %d natives%n",
+        o.printf(Locale.ROOT, "%nmedian ratio %.1f; rows: %d of %d natives%n",
                 median(ratios), rank, benches.size());
     }
 }
