@@ -33,12 +33,17 @@ import java.util.regex.Pattern;
  *
  * After a warm-up, every round times a batch of calls of each native and a batch of its floor,
  * one after the other (the order swapped from round to round); the figures are the medians of
- * the rounds, in nanoseconds per call. Both sides are called through reflection, so both carry
+ * the rounds, in nanoseconds per call, and the ratio is the median of the rounds' ratios (each
+ * native batch against the floor batch next to it, so a machine that is busier in one round
+ * than in another moves both sides alike). Both sides are called through reflection, so both carry
  * the same small invocation cost. Prints a Markdown table sorted by the ratio native / floor,
  * worst first.
  *
  * Run it through bench/run-jvm-bench.sh: libbundle_floor.so must be preloaded (it counts the
  * checks) and /tmp/brelo_debug must not exist (the trace would be printed and timed).
+ *
+ * Time is the calling thread's CPU time by default (--clock cpu): on a shared machine the
+ * time a batch spends waiting for a core is not the bridge's; --clock wall takes System.nanoTime.
  *
  * Options: --rounds N (31), --warmup-ms N per native (40), --batch-ms N per batch (3),
  * --min-calls N per warm-up (20), --only REGEX (Class.method), --smoke (tiny counts; runs even
@@ -135,8 +140,13 @@ public final class BridgeBench {
                     + method.getName();
         }
 
+        /** The median of the rounds' ratios (each native batch against its neighbouring floor batch). */
         double ratio() {
-            return floorMedian > 0 ? nativeMedian / floorMedian : Double.NaN;
+            List<Double> ratios = new ArrayList<Double>();
+            for (int i = 0; i < nativeNs.size() && i < floorNs.size(); i++) {
+                ratios.add(nativeNs.get(i) / floorNs.get(i));
+            }
+            return median(ratios);
         }
     }
 
@@ -148,6 +158,9 @@ public final class BridgeBench {
     private boolean smoke;
     private int expect = -1;
     private String out;
+    private boolean cpuClock = true;
+    private final java.lang.management.ThreadMXBean threads =
+            java.lang.management.ManagementFactory.getThreadMXBean();
     private final List<String> problems = new ArrayList<String>();
 
     public static void main(String[] argv) throws Exception {
@@ -178,13 +191,20 @@ public final class BridgeBench {
                 minCalls = Math.max(1, Integer.parseInt(argv[++i]));
             } else if (a.equals("--expect") && hasValue) {
                 expect = Integer.parseInt(argv[++i]);
+            } else if (a.equals("--clock") && hasValue) {
+                String clock = argv[++i];
+                if (!clock.equals("cpu") && !clock.equals("wall")) {
+                    System.err.println("--clock cpu or --clock wall");
+                    return false;
+                }
+                cpuClock = clock.equals("cpu");
             } else if (a.equals("--out") && hasValue) {
                 out = argv[++i];
             } else if (a.equals("--only") && hasValue) {
                 only = Pattern.compile(argv[++i]);
             } else {
                 System.err.println("usage: BridgeBench [--rounds N] [--warmup-ms N] [--batch-ms N]"
-                        + " [--min-calls N] [--only REGEX] [--expect N] [--out FILE] [--smoke]");
+                        + " [--min-calls N] [--only REGEX] [--clock cpu|wall] [--expect N] [--out FILE] [--smoke]");
                 return false;
             }
         }
@@ -390,28 +410,32 @@ public final class BridgeBench {
         b.floorArgs = new Object[] {b.slot};
     }
 
+    private long clock() {
+        return cpuClock ? threads.getCurrentThreadCpuTime() : System.nanoTime();
+    }
+
     private long timeNative(Bench b, int calls) {
         // Every batch starts from the default gateway: a few natives leave something behind
         // by design (every usbOpenJni issues a new handle), and a state that grows from batch
         // to batch would slow every later native down.
         gateway();
         long checks = Floor.flagChecks();
-        long start = System.nanoTime();
+        long start = clock();
         for (int i = 0; i < calls; i++) {
             call(b);
         }
-        long elapsed = System.nanoTime() - start;
+        long elapsed = clock() - start;
         b.checksTimed += Floor.flagChecks() - checks;
         b.callsTimed += calls;
         return elapsed;
     }
 
     private long timeFloor(Bench b, int calls) throws ReflectiveOperationException {
-        long start = System.nanoTime();
+        long start = clock();
         for (int i = 0; i < calls; i++) {
             b.floor.invoke(null, b.floorArgs);
         }
-        return System.nanoTime() - start;
+        return clock() - start;
     }
 
     /**
@@ -448,6 +472,16 @@ public final class BridgeBench {
         }
     }
 
+    private static String loadAverage() {
+        try {
+            String[] fields = new String(java.nio.file.Files.readAllBytes(
+                    java.nio.file.Paths.get("/proc/loadavg")), StandardCharsets.US_ASCII).split(" ");
+            return fields[0] + " " + fields[1] + " " + fields[2];
+        } catch (IOException | RuntimeException e) {
+            return "unknown";
+        }
+    }
+
     private static double median(List<Double> values) {
         if (values.isEmpty()) {
             return Double.NaN;
@@ -469,9 +503,10 @@ public final class BridgeBench {
         for (Bench b : benches) {
             logged |= b.platformCalls > 0;
         }
-        o.printf(Locale.ROOT, "Java %s (%s), %d natives, %d rounds, %.1f s%n%n",
+        o.printf(Locale.ROOT, "Java %s (%s), %d natives, %d rounds, %s time, %.1f s,"
+                        + " load average at the end %s%n%n",
                 System.getProperty("java.version"), System.getProperty("java.vm.name"),
-                benches.size(), rounds, seconds);
+                benches.size(), rounds, cpuClock ? "thread CPU" : "wall", seconds, loadAverage());
         o.println("| # | native | answers | flag checks | platform calls | reply bytes"
                 + " | calls/batch | native ns | floor ns | ratio | excess ns |");
         o.println("|---:|---|---|---:|---:|---:|---:|---:|---:|---:|---:|");
