@@ -204,7 +204,8 @@ public final class BridgeBench {
                 only = Pattern.compile(argv[++i]);
             } else {
                 System.err.println("usage: BridgeBench [--rounds N] [--warmup-ms N] [--batch-ms N]"
-                        + " [--min-calls N] [--only REGEX] [--clock cpu|wall] [--expect N] [--out FILE] [--smoke]");
+                        + " [--min-calls N] [--only REGEX] [--clock cpu|wall] [--expect N]"
+                        + " [--out FILE] [--smoke]");
                 return false;
             }
         }
