@@ -1,6 +1,6 @@
-# The Java side: service-class declarations, the simulator's control class and the console
-# (compiled for Java 8, the gateway's VM), and the JUnit 5 tests, run in real JVMs under
-# -Xcheck:jni.
+# The Java side: service-class declarations, the simulator's control class, the console and the
+# JVM benchmark (compiled for Java 8, the gateway's VM), and the JUnit 5 tests, run in real JVMs
+# under -Xcheck:jni.
 
 find_package(Java 11 REQUIRED COMPONENTS Development Runtime)
 set(BUNDLE_JAVA_LIBS "/usr/share/java" CACHE PATH "Where the JUnit 5 jars are (Debian: junit5)")
@@ -20,7 +20,7 @@ set(java_test_classes "${java_out}/test-classes")
 
 file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
      "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
-     "${CMAKE_SOURCE_DIR}/java/console/*.java")
+     "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java")
 file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
 
 add_custom_command(OUTPUT "${java_out}/classes.stamp"
@@ -29,7 +29,7 @@ add_custom_command(OUTPUT "${java_out}/classes.stamp"
           -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
   DEPENDS ${java_main_sources}
-  COMMENT "Compiling the Java service classes, simulator control and console (Java 8)")
+  COMMENT "Compiling the Java service classes, simulator control, console and benchmark (Java 8)")
 add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
@@ -46,6 +46,13 @@ add_custom_target(java_classes ALL DEPENDS ${java_stamps})
 add_dependencies(java_classes bundle_sc)
 if(TARGET gatewaysim_jni)
   add_dependencies(java_classes gatewaysim_jni)
+endif()
+
+# The JVM benchmark's floor library (bench/floor): built with the classes, run by hand through
+# bench/run-jvm-bench.sh; ctest only checks that a tiny run completes.
+if(BUNDLE_HAVE_SIM)
+  add_subdirectory("${CMAKE_SOURCE_DIR}/bench/floor" "${CMAKE_BINARY_DIR}/bench-floor")
+  add_dependencies(java_classes bundle_floor)
 endif()
 
 if(bundle_java_tests)
@@ -86,4 +93,20 @@ if(bundle_java_tests)
     ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     # -Xcheck:jni reports misuse as warnings; any of them fails the test.
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+endif()
+
+if(bundle_java_tests)
+  # The JVM benchmark with one round of single calls under -Xcheck:jni: it must complete and
+  # print a row for each native the library exports (it exits non-zero otherwise). No figure
+  # is checked.
+  file(STRINGS "${CMAKE_SOURCE_DIR}/common/libbundle_sc.map" exported_natives REGEX "Java_")
+  list(LENGTH exported_natives exported_native_count)
+  add_test(NAME jvm.bench-smoke
+    COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+            -cp "${BUNDLE_JAVA_CLASSES}" bundlesc.bench.BridgeBench --smoke
+            --expect ${exported_native_count})
+  set_tests_properties(jvm.bench-smoke PROPERTIES
+    RESOURCE_LOCK gateway_flag_files
+    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
+    FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
