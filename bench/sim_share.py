@@ -44,6 +44,7 @@ def parse(path):
                 parts = line.split()
                 if len(parts) >= 2:
                     edges.append((fn, ob, cfn, cob, int(parts[-1])))
+                cob = None  # a call names its callee's object only when it differs
                 continue
             if line.startswith("ob="):
                 ob = name("ob", line[3:])
@@ -62,7 +63,7 @@ def parse(path):
     inclusive = 0
     sim = 0
     for caller, caller_ob, callee, callee_ob, cost in edges:
-        callee_ob = callee_ob or fn_object.get(callee) or caller_ob
+        callee_ob = fn_object.get(callee) or callee_ob or caller_ob
         if callee.startswith("Java_") and not callee.startswith("Java_bundlesc"):
             inclusive += cost
         if not is_sim(caller_ob or "") and is_sim(callee_ob or ""):
@@ -78,10 +79,16 @@ def main():
         top = int(args[i + 1])
         del args[i:i + 2]
     names_path, dumps = args[0], args[1:]
-    names = [l.split(" ", 1)[1].strip() for l in open(names_path) if " " in l]
-    dumps = sorted(dumps, key=lambda p: int(re.search(r"\.(\d+)$", p).group(1)))
+    # The driver's lines "index Class.method" (natives may print lines of their own).
+    names = {}
+    for line in open(names_path):
+        m = re.match(r"^(\d+) (\w+\.\w+)$", line.strip())
+        if m:
+            names[int(m.group(1))] = m.group(2)
     rows = []
-    for native, dump in zip(names, dumps):
+    for dump in dumps:
+        part = int(re.search(r"\.(\d+)$", dump).group(1))  # dump N holds native N - 1
+        native = names.get(part - 1, "?")
         inclusive, sim = parse(dump)
         rows.append((sim / inclusive if inclusive else 0.0, native, inclusive, sim))
     rows.sort(reverse=True)

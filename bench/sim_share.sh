@@ -25,7 +25,9 @@ driver="$build/bin/sim_share_driver"
 [ -x "$driver" ] || { echo "no $driver: configure with -DBUNDLE_BENCH=ON and build" >&2; exit 1; }
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
-export BRELO_SIM_LOG=off BRELO_SIM_SAVE=
+# Symbols bound at load time: the dynamic linker's lazy binding would otherwise land in the
+# first call of each platform function.
+export BRELO_SIM_LOG=off BRELO_SIM_SAVE= LD_BIND_NOW=1
 "$driver" --choose >"$out/sets"
 valgrind --tool=callgrind --callgrind-out-file="$out/cg.out" --collect-atstart=no \
   --toggle-collect=sim_share_measure --dump-after=sim_share_measure \

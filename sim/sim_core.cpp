@@ -13,6 +13,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -53,7 +54,8 @@ struct World {
   std::list<Section> sections;  // in creation order
   // Every section by name (the list keeps each section at its place, so the pointers hold);
   // a gateway with thousands of sections answers as fast as one with a few.
-  std::unordered_map<std::string, Section *> by_name;
+  // Keyed by views of the sections' own names, so a lookup builds no string.
+  std::unordered_map<std::string_view, Section *> by_name;
   std::map<std::string, int> results;
   std::map<std::string, Hook> hooks;
   CallLog log;
@@ -127,7 +129,7 @@ void append_log(const char *fn, const char *args) {
   }
 }
 
-Section *find_section(const std::string &name) {
+Section *find_section(std::string_view name) {
   auto it = g_world.by_name.find(name);
   return it != g_world.by_name.end() ? it->second : nullptr;
 }
@@ -135,7 +137,7 @@ Section *find_section(const std::string &name) {
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
   g_world.sections.push_back(Section{name, {}});
-  g_world.by_name[name] = &g_world.sections.back();
+  g_world.by_name[g_world.sections.back().name] = &g_world.sections.back();
   bump();
   return g_world.sections.back();
 }
@@ -385,8 +387,9 @@ const char *get(const char *section, const char *key) {
   ensure_init();
   Section *s = find_section(section);
   if (s == nullptr) return nullptr;
+  size_t n = strlen(key);
   for (auto &e : s->entries)
-    if (e.first == key) return e.second.c_str();
+    if (e.first.size() == n && memcmp(e.first.data(), key, n) == 0) return e.second.c_str();
   return nullptr;
 }
 
