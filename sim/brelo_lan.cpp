@@ -56,10 +56,14 @@ bool parse_mac(const std::string &text, uint8_t mac[6]) {
 }
 
 std::string mac_text(const uint8_t *mac) {
-  char text[18];
-  snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
-           mac[4], mac[5]);
-  return text;
+  static const char kHex[] = "0123456789ABCDEF";
+  char text[17];
+  for (int i = 0; i < 6; ++i) {
+    text[i * 3] = kHex[mac[i] >> 4];
+    text[i * 3 + 1] = kHex[mac[i] & 0xF];
+    if (i < 5) text[i * 3 + 2] = ':';
+  }
+  return std::string(text, 17);
 }
 
 // The canonical (upper-case) form of a MAC text, or the text itself upper-cased when it is
@@ -106,10 +110,11 @@ sim::Derived<HostTable> g_table;
 
 // The class a host is listed under: blocked, else trusted, else online or offline. A
 // "class_code" key overrides it (a platform that reports codes out of range).
+// `mac` is the host's canonical MAC text.
 uint32_t host_class(const HostTable &t, const char *sec, const std::string &mac, bool online) {
   if (sim::get(sec, "class_code") != nullptr)
     return static_cast<uint32_t>(sim::get_int(sec, "class_code"));
-  std::string key = canonical(mac);
+  const std::string &key = mac;
   if (t.black.count(key) != 0) return LAN_HOST_CLASS_BLOCK;
   if (t.trust.count(key) != 0) return LAN_HOST_CLASS_TRUST;
   return online ? LAN_HOST_CLASS_ONLINE : LAN_HOST_CLASS_OFFLINE;
@@ -126,6 +131,7 @@ void build_table(HostTable *t) {
     h.section = sections[i];
     const char *sec = h.section.c_str();
     std::string mac = sim::get_str(sec, "mac");
+    std::string key = canonical(mac);
     h.online = sim::get_int(sec, "online", 1) != 0;
     h.port = sim::get_int(sec, "port");
     h.up_speed = static_cast<int32_t>(sim::get_int(sec, "up_speed"));
@@ -136,7 +142,7 @@ void build_table(HostTable *t) {
     h.down_bytes = strtoull(sim::get_str(sec, "down_bytes", "0").c_str(), nullptr, 10);
     LanHostRecord *rec = &h.record;
     memset(rec, 0, sizeof *rec);
-    rec->host_class = host_class(*t, sec, mac, h.online);
+    rec->host_class = host_class(*t, sec, key, h.online);
     uint8_t bytes[6] = {};
     if (parse_mac(mac, bytes)) memcpy(rec->mac, bytes, 6);
     // Texts are copied whole up to the field's last byte; a field filled to the brim is left
@@ -151,8 +157,8 @@ void build_table(HostTable *t) {
     put(rec->ipv6, sizeof rec->ipv6, "ipv6");
     rec->attach_point = static_cast<int32_t>(h.port);
     rec->online_time = static_cast<uint32_t>(sim::get_int(sec, "online_time"));
-    rec->storage_access = t->storage_black.count(canonical(mac)) != 0 ? 0 : 1;
-    t->by_mac.emplace(canonical(mac), i);  // the first host of a MAC text wins
+    rec->storage_access = t->storage_black.count(key) != 0 ? 0 : 1;
+    t->by_mac.emplace(key, i);  // the first host of a MAC text wins
   }
 }
 
@@ -198,6 +204,18 @@ const char *list_key(int kind) {
 const Host *find_host(const HostTable &t, const std::string &mac) {
   auto it = t.by_mac.find(canonical(mac));
   return it != t.by_mac.end() ? &t.hosts[it->second] : nullptr;
+}
+
+// The section of the host whose MAC is `mac` (either case), or "": a walk over the hosts' MAC
+// texts, for setters, which change the state anyway (building the whole table for one lookup
+// that is followed by a change would cost more).
+std::string find_host_section(const std::string &mac) {
+  std::string wanted = canonical(mac);
+  for (const std::string &s : sim::section_names(kHostPrefix)) {
+    const char *m = sim::get(s.c_str(), "mac");
+    if (canonical(m != nullptr ? m : "") == wanted) return s;
+  }
+  return "";
 }
 
 // Hands out the records of `hosts` as a malloc()ed array (NULL when empty).
@@ -344,8 +362,7 @@ SIM_EXPORT int brelo_lanSetFilterMode(int mode) {
 SIM_EXPORT int brelo_lanSetLanHostName(const char *mac, const char *name) {
   sim::call("brelo_lanSetLanHostName", "\"%s\", \"%s\"", mac, name);
   sim::Guard guard;
-  const Host *h = find_host(table(), mac);
-  std::string s = h != nullptr ? h->section : "";
+  std::string s = find_host_section(mac);
   int rc = sim::result("brelo_lanSetLanHostName", s.empty() ? -1 : 0);
   if (rc == 0 && !s.empty()) sim::set(s.c_str(), "device_name", name);
   return rc;
@@ -355,8 +372,7 @@ SIM_EXPORT int brelo_lanSetDevMaxBandwidth(unsigned char *mac, int upLimit, int 
   std::string text = mac_text(mac);
   sim::call("brelo_lanSetDevMaxBandwidth", "%s, %d, %d", text.c_str(), upLimit, downLimit);
   sim::Guard guard;
-  const Host *h = find_host(table(), text);
-  std::string s = h != nullptr ? h->section : "";
+  std::string s = find_host_section(text);
   int rc = sim::result("brelo_lanSetDevMaxBandwidth", s.empty() ? -1 : 0);
   if (rc == 0 && !s.empty()) {
     sim::set(s.c_str(), "up_limit", std::to_string(upLimit));

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <list>
 #include <map>
 #include <mutex>
@@ -55,7 +56,7 @@ struct World {
   // Every section by name (the list keeps each section at its place, so the pointers hold);
   // a gateway with thousands of sections answers as fast as one with a few.
   // Keyed by views of the sections' own names, so a lookup builds no string.
-  std::unordered_map<std::string_view, Section *> by_name;
+  std::unordered_map<std::string_view, std::list<Section>::iterator> by_name;
   std::map<std::string, int> results;
   std::map<std::string, Hook> hooks;
   CallLog log;
@@ -131,13 +132,13 @@ void append_log(const char *fn, const char *args) {
 
 Section *find_section(std::string_view name) {
   auto it = g_world.by_name.find(name);
-  return it != g_world.by_name.end() ? it->second : nullptr;
+  return it != g_world.by_name.end() ? &*it->second : nullptr;
 }
 
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
   g_world.sections.push_back(Section{name, {}});
-  g_world.by_name[g_world.sections.back().name] = &g_world.sections.back();
+  g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
   bump();
   return g_world.sections.back();
 }
@@ -452,7 +453,13 @@ std::vector<std::pair<std::string, std::string>> entries(const char *section) {
 void remove_section(const char *section) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
-  remove_sections([&](const Section &s) { return s.name == section; });
+  // Found through the index: removing one section does not walk the others.
+  auto it = g_world.by_name.find(section);
+  if (it == g_world.by_name.end()) return;
+  std::list<Section>::iterator doomed = it->second;
+  g_world.by_name.erase(it);
+  g_world.sections.erase(doomed);
+  bump();
 }
 
 void out_text(char *buf, size_t cap, const char *section, const char *key) {
