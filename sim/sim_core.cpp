@@ -62,9 +62,9 @@ struct World {
   CallLog log;
   std::string log_copy;  // what sim_log() hands out
   std::string save_path;
-  // The section names under each prefix asked for, as of generation `names_generation`.
+  // The section names under each prefix asked for so far, in creation order, kept up to date
+  // as sections come and go (values changing leave them alone).
   std::unordered_map<std::string, std::vector<std::string>> names_by_prefix;
-  unsigned long names_generation = 0;
 };
 
 std::recursive_mutex g_mutex;
@@ -135,8 +135,27 @@ Section *find_section(std::string_view name) {
   return it != g_world.by_name.end() ? &*it->second : nullptr;
 }
 
+bool starts_with(const std::string &text, const std::string &prefix) {
+  return text.size() >= prefix.size() && text.compare(0, prefix.size(), prefix) == 0;
+}
+
+// Keeps the cached name lists in step with a section created or removed.
+void section_created(const std::string &name) {
+  for (auto &p : g_world.names_by_prefix)
+    if (starts_with(name, p.first)) p.second.push_back(name);
+}
+
+void section_removed(const std::string &name) {
+  for (auto &p : g_world.names_by_prefix) {
+    if (!starts_with(name, p.first)) continue;
+    auto it = std::find(p.second.begin(), p.second.end(), name);
+    if (it != p.second.end()) p.second.erase(it);
+  }
+}
+
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
+  section_created(name);
   g_world.sections.push_back(Section{name, {}});
   g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
   bump();
@@ -148,6 +167,7 @@ template <typename Pred>
 void remove_sections(Pred doomed) {
   for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
     if (doomed(*it)) {
+      section_removed(it->name);
       g_world.by_name.erase(it->name);
       it = g_world.sections.erase(it);
       bump();
@@ -416,16 +436,13 @@ void set(const char *section, const char *key, const std::string &value) {
 const std::vector<std::string> &section_names(const char *prefix) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
-  // The names under a prefix are collected once per generation of the state.
-  if (g_world.names_generation != generation()) {
-    g_world.names_by_prefix.clear();
-    g_world.names_generation = generation();
-  }
+  // The names under a prefix are collected at its first use, then kept up to date.
   auto found = g_world.names_by_prefix.find(prefix);
   if (found != g_world.names_by_prefix.end()) return found->second;
   std::vector<std::string> &names = g_world.names_by_prefix[prefix];
+  std::string p = prefix;
   for (auto &s : g_world.sections)
-    if (s.name.rfind(prefix, 0) == 0) names.push_back(s.name);
+    if (starts_with(s.name, p)) names.push_back(s.name);
   return names;
 }
 
@@ -457,6 +474,7 @@ void remove_section(const char *section) {
   auto it = g_world.by_name.find(section);
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
+  section_removed(doomed->name);
   g_world.by_name.erase(it);
   g_world.sections.erase(doomed);
   bump();
