@@ -108,15 +108,37 @@ struct HostTable {
 
 sim::Derived<HostTable> g_table;
 
+// One host section's keys, read once (a table rebuild would otherwise look each key up
+// through the whole state).
+class HostKeys {
+ public:
+  explicit HostKeys(const std::string &section) : entries_(sim::entries(section.c_str())) {}
+  const char *get(const char *key) const {
+    size_t n = strlen(key);
+    for (const auto &e : entries_)
+      if (e.first.size() == n && memcmp(e.first.data(), key, n) == 0) return e.second.c_str();
+    return nullptr;
+  }
+  std::string str(const char *key, const char *dflt = "") const {
+    const char *v = get(key);
+    return v != nullptr ? v : dflt;
+  }
+  long long number(const char *key, long long dflt = 0) const {
+    const char *v = get(key);
+    return v == nullptr || *v == '\0' ? dflt : strtoll(v, nullptr, 0);
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::string>> entries_;
+};
+
 // The class a host is listed under: blocked, else trusted, else online or offline. A
-// "class_code" key overrides it (a platform that reports codes out of range).
-// `mac` is the host's canonical MAC text.
-uint32_t host_class(const HostTable &t, const char *sec, const std::string &mac, bool online) {
-  if (sim::get(sec, "class_code") != nullptr)
-    return static_cast<uint32_t>(sim::get_int(sec, "class_code"));
-  const std::string &key = mac;
-  if (t.black.count(key) != 0) return LAN_HOST_CLASS_BLOCK;
-  if (t.trust.count(key) != 0) return LAN_HOST_CLASS_TRUST;
+// "class_code" key overrides it (a platform that reports codes out of range). `mac` is the
+// host's canonical MAC text.
+uint32_t host_class(const HostTable &t, const HostKeys &keys, const std::string &mac, bool online) {
+  if (keys.get("class_code") != nullptr) return static_cast<uint32_t>(keys.number("class_code"));
+  if (t.black.count(mac) != 0) return LAN_HOST_CLASS_BLOCK;
+  if (t.trust.count(mac) != 0) return LAN_HOST_CLASS_TRUST;
   return online ? LAN_HOST_CLASS_ONLINE : LAN_HOST_CLASS_OFFLINE;
 }
 
@@ -129,34 +151,35 @@ void build_table(HostTable *t) {
   for (size_t i = 0; i < sections.size(); ++i) {
     Host &h = t->hosts[i];
     h.section = sections[i];
-    const char *sec = h.section.c_str();
-    std::string mac = sim::get_str(sec, "mac");
+    HostKeys keys(h.section);
+    std::string mac = keys.str("mac");
     std::string key = canonical(mac);
-    h.online = sim::get_int(sec, "online", 1) != 0;
-    h.port = sim::get_int(sec, "port");
-    h.up_speed = static_cast<int32_t>(sim::get_int(sec, "up_speed"));
-    h.down_speed = static_cast<int32_t>(sim::get_int(sec, "down_speed"));
-    h.up_limit = static_cast<int32_t>(sim::get_int(sec, "up_limit"));
-    h.down_limit = static_cast<int32_t>(sim::get_int(sec, "down_limit"));
-    h.up_bytes = strtoull(sim::get_str(sec, "up_bytes", "0").c_str(), nullptr, 10);
-    h.down_bytes = strtoull(sim::get_str(sec, "down_bytes", "0").c_str(), nullptr, 10);
+    h.online = keys.number("online", 1) != 0;
+    h.port = keys.number("port");
+    h.up_speed = static_cast<int32_t>(keys.number("up_speed"));
+    h.down_speed = static_cast<int32_t>(keys.number("down_speed"));
+    h.up_limit = static_cast<int32_t>(keys.number("up_limit"));
+    h.down_limit = static_cast<int32_t>(keys.number("down_limit"));
+    h.up_bytes = strtoull(keys.str("up_bytes", "0").c_str(), nullptr, 10);
+    h.down_bytes = strtoull(keys.str("down_bytes", "0").c_str(), nullptr, 10);
     LanHostRecord *rec = &h.record;
     memset(rec, 0, sizeof *rec);
-    rec->host_class = host_class(*t, sec, key, h.online);
+    rec->host_class = host_class(*t, keys, key, h.online);
     uint8_t bytes[6] = {};
     if (parse_mac(mac, bytes)) memcpy(rec->mac, bytes, 6);
     // Texts are copied whole up to the field's last byte; a field filled to the brim is left
     // without a terminator, as a careless platform might.
-    auto put = [&](char *field, size_t cap, const char *key) {
-      std::string v = sim::get_str(sec, key);
-      memcpy(field, v.data(), v.size() < cap ? v.size() : cap);
+    auto put = [&](char *field, size_t cap, const char *name) {
+      const char *v = keys.get(name);
+      size_t n = v != nullptr ? strlen(v) : 0;
+      memcpy(field, v != nullptr ? v : "", n < cap ? n : cap);
     };
     put(rec->dhcp_name, sizeof rec->dhcp_name, "dhcp_name");
     put(rec->device_name, sizeof rec->device_name, "device_name");
     put(rec->ipv4, sizeof rec->ipv4, "ip");
     put(rec->ipv6, sizeof rec->ipv6, "ipv6");
     rec->attach_point = static_cast<int32_t>(h.port);
-    rec->online_time = static_cast<uint32_t>(sim::get_int(sec, "online_time"));
+    rec->online_time = static_cast<uint32_t>(keys.number("online_time"));
     rec->storage_access = t->storage_black.count(key) != 0 ? 0 : 1;
     t->by_mac.emplace(key, i);  // the first host of a MAC text wins
   }
