@@ -5,7 +5,8 @@
 # instructions spent in the simulator (every call from the bridge or the driver into
 # libbrelo.so.1, libtcapi.so.1, libgatewaysim.so or libgatewayhost.so, inclusive: the platform
 # functions, the address checks, the simulator's internals and the C/C++ library work they
-# do), and the share. Trace output is off unless /tmp/brelo_debug exists (remove it first).
+# do), and the share. The driver hides the trace flag
+# (/tmp/brelo_debug) from the natives: other test runs may create it at any moment.
 #   bench/sim_share.sh [build-dir] [--warm] [--all]
 #     build-dir  a build configured with -DBUNDLE_BENCH=ON (default /tmp/build-bench)
 #     --warm     each native is called once, unmeasured, just before its measured call
