@@ -115,7 +115,7 @@ SIM_EXPORT int brelo_getTraceRouteDiagnosticsResult(TraceRouteResult *res, Trace
     for (long long i = 0; list != nullptr && i < count; ++i) {
       TraceRouteHop &hop = list[i];
       std::string section = "traceroute hop " + num(i + 1);
-      if (!sim::entries(section.c_str()).empty()) {
+      if (sim::entry_count(section.c_str()) != 0) {
         out_field(hop.host, sizeof hop.host, section, "host");
         out_field(hop.address, sizeof hop.address, section, "address");
         out_field(hop.rt_times, sizeof hop.rt_times, section, "rt_times");

@@ -11,7 +11,7 @@ namespace {
 
 std::string port_section(int port) { return "eth " + std::to_string(port); }
 
-bool port_known(const std::string &s) { return !sim::entries(s.c_str()).empty(); }
+bool port_known(const std::string &s) { return sim::entry_count(s.c_str()) != 0; }
 
 bool one_of(const char *text, const char *const *allowed) {
   for (; *allowed != nullptr; ++allowed)

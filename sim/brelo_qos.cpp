@@ -26,7 +26,7 @@ std::string quoted(const char *text) {
 
 std::string flow_section(int flow) { return "flow " + std::to_string(flow); }
 
-bool flow_known(const std::string &s) { return !sim::entries(s.c_str()).empty(); }
+bool flow_known(const std::string &s) { return sim::entry_count(s.c_str()) != 0; }
 
 using Item = std::pair<std::string, std::string>;
 

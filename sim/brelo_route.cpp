@@ -103,7 +103,7 @@ bool ipv6_prefix(const char *s) {
 // The first free route id of a static table, or -1 when all 16 are taken.
 int free_route_id(const char *prefix) {
   for (int id = 1; id <= kMaxStaticRoutes; ++id)
-    if (sim::entries((prefix + std::to_string(id)).c_str()).empty()) return id;
+    if (sim::entry_count((prefix + std::to_string(id)).c_str()) == 0) return id;
   return -1;
 }
 
@@ -112,7 +112,7 @@ int delete_route(const char *fn, const char *prefix, int routeId) {
   if (sim::has_result(fn)) return sim::result(fn, 0);
   sim::Guard guard;
   std::string section = prefix + std::to_string(routeId);
-  if (sim::entries(section.c_str()).empty()) return -1;
+  if (sim::entry_count(section.c_str()) == 0) return -1;
   sim::remove_section(section.c_str());
   return 0;
 }

@@ -27,7 +27,7 @@ void *g_memory_check_ctx = nullptr;
 std::string device_section(int devId) { return "usb device " + std::to_string(devId); }
 std::string handle_section(int handle) { return "usb handle " + std::to_string(handle); }
 
-bool known(const std::string &section) { return !sim::entries(section.c_str()).empty(); }
+bool known(const std::string &section) { return sim::entry_count(section.c_str()) != 0; }
 
 // The device section of an open handle, or "" when the handle is not open.
 std::string device_of(int handle) {

@@ -10,6 +10,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -30,14 +31,23 @@ std::string wan_section(int index) { return "wan " + std::to_string(index); }
 
 bool wan_exists(int index) { return sim::get(wan_section(index).c_str(), "PVC") != nullptr; }
 
+// The connections by (PVC, Entry): the first section in order of each pair.
+using ConnectionIndex = std::map<std::pair<long long, long long>, std::string>;
+sim::Derived<ConnectionIndex> g_connections;
+
+void index_connections(ConnectionIndex *index) {
+  for (const std::string &s : sim::section_names("wan ")) {
+    if (sim::get(s.c_str(), "PVC") == nullptr) continue;
+    index->emplace(std::make_pair(sim::get_int(s.c_str(), "PVC"), sim::get_int(s.c_str(), "Entry")), s);
+  }
+}
+
 // The section of the connection at (pvc, entry), or "" when there is none.
 std::string find_by_pvc_entry(int pvc, int entry) {
-  for (const std::string &s : sim::sections("wan ")) {
-    if (sim::get(s.c_str(), "PVC") == nullptr) continue;
-    if (sim::get_int(s.c_str(), "PVC") == pvc && sim::get_int(s.c_str(), "Entry") == entry)
-      return s;
-  }
-  return "";
+  sim::Guard guard;
+  const ConnectionIndex &index = g_connections.get(index_connections);
+  auto it = index.find(std::make_pair(static_cast<long long>(pvc), static_cast<long long>(entry)));
+  return it != index.end() ? it->second : "";
 }
 
 // The platform's enum codes and the texts it accepts for them in a change request.

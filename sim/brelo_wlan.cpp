@@ -16,7 +16,7 @@ namespace {
 std::string ssid_section(int index) { return "wlan ssid " + std::to_string(index); }
 std::string radio_section(int radio) { return "wlan radio " + std::to_string(radio); }
 
-bool has_section(const std::string &name) { return !sim::entries(name.c_str()).empty(); }
+bool has_section(const std::string &name) { return sim::entry_count(name.c_str()) != 0; }
 
 // The radio section whose "type" is `type` ("" when none is).
 std::string radio_named(const char *type) {
@@ -332,7 +332,7 @@ SIM_EXPORT int brelo_wlanGetNeighbor(int radio, WlanNeighborRecord *array, int *
 SIM_EXPORT int brelo_wlanGetHostInfo(WlanHostRecord *hosts, int *count, char (*macs)[128],
                                      int macCount) {
   std::string requested = "[";
-  for (int j = 0; j < macCount && j < 256; ++j) {
+  for (int j = 0; sim::logging() && j < macCount && j < 256; ++j) {  // only the log shows it
     if (j > 0) requested += ", ";
     requested += "\"" + std::string(macs[j], strnlen(macs[j], 128)) + "\"";
   }

@@ -10,6 +10,19 @@
 //
 // sim::call logs the call (and runs any hook a test programmed), the outputs come from the
 // state, and sim::result returns the programmed result or the usual one.
+//
+// A domain whose answers need work on the state (parsing lists, indexing records) keeps
+// that work in a sim::Derived<T>, rebuilt only when the state has changed since:
+//
+//     struct Hosts { std::vector<LanHostRecord> records; ... };
+//     sim::Derived<Hosts> g_hosts;
+//     ...
+//     sim::Guard guard;
+//     const Hosts &hosts = g_hosts.get(build_hosts);   // void build_hosts(Hosts *)
+//
+// The state's text stays the only truth: every change to it (sim_set, sim_unset, sim_load,
+// sim_reset, a simulated setter's sim::set) bumps sim::generation(), which sends every
+// Derived back to its builder at its next use.
 #ifndef SIM_SIM_H
 #define SIM_SIM_H
 
@@ -25,8 +38,12 @@
 
 namespace sim {
 
-// Logs "fn(<formatted arguments>)" and runs the hook programmed for fn.
+// Logs "fn(<formatted arguments>)" and runs the hook programmed for fn. With the log off and
+// no hook programmed it does nothing (the arguments are not even formatted).
 SIM_EXPORT void call(const char *fn, const char *argfmt, ...) __attribute__((format(printf, 2, 3)));
+// Whether the call log is on: arguments that take work to put into words (lists) are built
+// only then.
+SIM_EXPORT bool logging();
 // The programmed result of fn, or `usual`.
 SIM_EXPORT int result(const char *fn, int usual);
 SIM_EXPORT bool has_result(const char *fn);
@@ -38,6 +55,10 @@ SIM_EXPORT long long get_int(const char *section, const char *key, long long dfl
 SIM_EXPORT void set(const char *section, const char *key, const std::string &value);
 // Names of the sections that start with `prefix`, in the order they were first created.
 SIM_EXPORT std::vector<std::string> sections(const char *prefix);
+// The same without a copy: valid while the caller holds the lock and changes nothing.
+SIM_EXPORT const std::vector<std::string> &section_names(const char *prefix);
+// Number of keys of a section (0 when it does not exist).
+SIM_EXPORT size_t entry_count(const char *section);
 // The keys and values of one section, in order.
 SIM_EXPORT std::vector<std::pair<std::string, std::string>> entries(const char *section);
 SIM_EXPORT void remove_section(const char *section);
@@ -58,6 +79,35 @@ struct Guard {
   ~Guard() { unlock(); }
   Guard(const Guard &) = delete;
   Guard &operator=(const Guard &) = delete;
+};
+
+// The state's generation: changes whenever anything in the state changes.
+SIM_EXPORT unsigned long generation();
+
+// A value derived from the state, rebuilt when the state's generation differs from the one it
+// was built from. Use it under sim::Guard; the reference from get() holds until the caller
+// changes the state or lets go of the lock.
+template <typename T>
+class Derived {
+ public:
+  template <typename Build>
+  const T &get(Build build) {
+    Guard guard;
+    unsigned long now = generation();
+    if (!built_ || now != generation_) {
+      value_ = T();
+      build(&value_);
+      // Building reads the state only, so the generation is still `now`.
+      generation_ = now;
+      built_ = true;
+    }
+    return value_;
+  }
+
+ private:
+  T value_{};
+  unsigned long generation_ = 0;
+  bool built_ = false;
 };
 
 }  // namespace sim

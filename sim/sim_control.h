@@ -44,10 +44,22 @@ void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx);
 // The call log: one line "fn(arguments)\n" per platform call, in order. Text arguments are
 // quoted, numbers bare, output buffers not shown. The pointer stays valid until the next call
 // into the simulator.
+// The log is bounded: once it holds more than 64 MiB of lines (or the limit set with
+// sim_set_log_limit) the oldest lines are dropped, keeping about the last half of the limit,
+// so a long run does not grow without end.
 const char *sim_log(void);
 void sim_clear_log(void);
-// Number of logged calls of `fn`.
+// Number of logged calls of `fn` (among the lines the log still holds).
 int sim_log_count(const char *fn);
+
+// Turns the call log on (nonzero) or off. Off, platform calls are not logged at all and cost
+// no formatting: for benchmarks and long runs that never read the log. The log is on unless
+// the environment variable BRELO_SIM_LOG is "off" when the simulator is loaded. The setting
+// survives sim_reset (which empties the log).
+void sim_set_log(int on);
+
+// Bounds the call log to `bytes` (0: the default of 64 MiB); survives sim_reset.
+void sim_set_log_limit(unsigned long bytes);
 
 // Where tcapi_save writes the tree (NULL: nowhere; the call is still logged).
 void sim_set_save_path(const char *path);

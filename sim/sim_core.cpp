@@ -8,10 +8,13 @@
 #include <string.h>
 
 #include <algorithm>
+#include <atomic>
+#include <iterator>
 #include <list>
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -38,31 +41,124 @@ struct Hook {
   void *ctx;
 };
 
+// The call log: the lines, and how many lines begin with each function name (so counting a
+// function's calls does not rescan the text). When the text grows past `limit` bytes the
+// oldest lines are dropped, so about the last half of the limit stays.
+struct CallLog {
+  std::string text;
+  std::unordered_map<std::string, int> counts;
+  size_t limit = 0;  // 0: the default
+};
+
 struct World {
   bool initialized = false;
   std::list<Section> sections;  // in creation order
   // Every section by name (the list keeps each section at its place, so the pointers hold);
   // a gateway with thousands of sections answers as fast as one with a few.
-  std::unordered_map<std::string, Section *> by_name;
+  // Keyed by views of the sections' own names, so a lookup builds no string.
+  std::unordered_map<std::string_view, std::list<Section>::iterator> by_name;
   std::map<std::string, int> results;
   std::map<std::string, Hook> hooks;
-  std::string log;
+  CallLog log;
   std::string log_copy;  // what sim_log() hands out
   std::string save_path;
+  // The section names under each prefix asked for so far, in creation order, kept up to date
+  // as sections come and go (values changing leave them alone).
+  std::unordered_map<std::string, std::vector<std::string>> names_by_prefix;
 };
 
 std::recursive_mutex g_mutex;
 World g_world;
 
-Section *find_section(const std::string &name) {
+// Bumped by every change of the state (values, sections, loads, resets), never reset: caches
+// derived from the state compare it with the generation they were built from.
+std::atomic<unsigned long> g_generation{1};
+// Mirrors of the world for the lock-free fast paths of sim::call and sim::result.
+std::atomic<bool> g_initialized{false};
+std::atomic<int> g_result_count{0};
+std::atomic<int> g_hook_count{0};
+
+// The call log is on unless BRELO_SIM_LOG=off was set when the simulator was loaded.
+bool log_wanted_at_load() {
+  const char *v = getenv("BRELO_SIM_LOG");
+  return !(v != nullptr && strcmp(v, "off") == 0);
+}
+std::atomic<bool> g_log_on{log_wanted_at_load()};
+
+constexpr size_t kDefaultLogLimit = 64u << 20;  // 64 MiB of lines
+
+void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
+
+// Counts the lines of `piece` (appended at a line start) by the function name they begin
+// with: the text before the line's first '('. A text argument holding a newline starts a line
+// of its own, as a reader of the log would see it.
+void count_lines(const char *piece, size_t n, int delta) {
+  std::unordered_map<std::string, int> &counts = g_world.log.counts;
+  const char *p = piece, *end = piece + n;
+  while (p < end) {
+    const char *nl = static_cast<const char *>(memchr(p, '\n', end - p));
+    const char *line_end = nl != nullptr ? nl : end;
+    const char *paren = static_cast<const char *>(memchr(p, '(', line_end - p));
+    if (paren != nullptr) {
+      auto it = counts.find(std::string(p, paren));
+      if (it == counts.end()) {
+        if (delta > 0) counts.emplace(std::string(p, paren), delta);
+      } else if ((it->second += delta) <= 0) {
+        counts.erase(it);
+      }
+    }
+    p = line_end + 1;
+  }
+}
+
+void append_log(const char *fn, const char *args) {
+  CallLog &log = g_world.log;
+  size_t start = log.text.size();
+  log.text += fn;
+  log.text += '(';
+  log.text += args;
+  log.text += ")\n";
+  count_lines(log.text.data() + start, log.text.size() - start, 1);
+  size_t limit = log.limit != 0 ? log.limit : kDefaultLogLimit;
+  if (log.text.size() > limit) {
+    // Drop whole lines from the front until half the limit is left.
+    size_t cut = log.text.size() - limit / 2;
+    size_t nl = log.text.find('\n', cut - 1);
+    cut = nl == std::string::npos ? log.text.size() : nl + 1;
+    count_lines(log.text.data(), cut, -1);
+    log.text.erase(0, cut);
+  }
+}
+
+Section *find_section(std::string_view name) {
   auto it = g_world.by_name.find(name);
-  return it != g_world.by_name.end() ? it->second : nullptr;
+  return it != g_world.by_name.end() ? &*it->second : nullptr;
+}
+
+bool starts_with(const std::string &text, const std::string &prefix) {
+  return text.size() >= prefix.size() && text.compare(0, prefix.size(), prefix) == 0;
+}
+
+// Keeps the cached name lists in step with a section created or removed.
+void section_created(const std::string &name) {
+  for (auto &p : g_world.names_by_prefix)
+    if (starts_with(name, p.first)) p.second.push_back(name);
+}
+
+void section_removed(const std::string &name) {
+  for (auto &p : g_world.names_by_prefix) {
+    if (!starts_with(name, p.first)) continue;
+    auto it = std::find(p.second.begin(), p.second.end(), name);
+    if (it != p.second.end()) p.second.erase(it);
+  }
 }
 
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
+  section_created(name);
   g_world.sections.push_back(Section{name, {}});
-  g_world.by_name[name] = &g_world.sections.back();
+  g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
+  bump();
   return g_world.sections.back();
 }
 
@@ -71,8 +167,10 @@ template <typename Pred>
 void remove_sections(Pred doomed) {
   for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
     if (doomed(*it)) {
+      section_removed(it->name);
       g_world.by_name.erase(it->name);
       it = g_world.sections.erase(it);
+      bump();
     } else {
       ++it;
     }
@@ -85,11 +183,15 @@ void set_value(const std::string &section, const std::string &key, const std::st
     if (e.first == key) {
       // An unchanged value is not rewritten: setters that write what is already there (as
       // Java threads often do) leave every pointer handed out by get() untouched.
-      if (e.second != value) e.second = value;
+      if (e.second != value) {
+        e.second = value;
+        bump();
+      }
       return;
     }
   }
   s.entries.emplace_back(key, value);
+  bump();
 }
 
 std::string trim(const std::string &t) {
@@ -214,8 +316,15 @@ int load_path(const std::string &path) {
 }
 
 void reset_locked() {
+  // The log's bound is a setting of the tool, not state: it survives the reset.
+  size_t limit = g_world.log.limit;
   g_world = World();
+  g_world.log.limit = limit;
   g_world.initialized = true;
+  g_initialized.store(true);
+  g_result_count.store(0);
+  g_hook_count.store(0);
+  bump();
 }
 
 int load_default_locked() {
@@ -247,33 +356,49 @@ namespace sim {
 void lock() { g_mutex.lock(); }
 void unlock() { g_mutex.unlock(); }
 
+unsigned long generation() { return g_generation.load(std::memory_order_relaxed); }
+
+bool logging() { return g_log_on.load(std::memory_order_relaxed); }
+
 void call(const char *fn, const char *argfmt, ...) {
-  Hook hook{nullptr, nullptr};
-  {
-    std::lock_guard<std::recursive_mutex> g(g_mutex);
-    ensure_init();
-    char args[2048];
+  bool log_on = logging();
+  if (!log_on && g_hook_count.load() == 0) {
+    // Nobody reads the log and nothing is programmed: no formatting, no lookup.
+    if (!g_initialized.load()) {
+      std::lock_guard<std::recursive_mutex> g(g_mutex);
+      ensure_init();
+    }
+    return;
+  }
+  char args[2048];
+  if (log_on) {
     va_list ap;
     va_start(ap, argfmt);
     vsnprintf(args, sizeof args, argfmt, ap);
     va_end(ap);
-    g_world.log += fn;
-    g_world.log += "(";
-    g_world.log += args;
-    g_world.log += ")\n";
-    auto it = g_world.hooks.find(fn);
-    if (it != g_world.hooks.end()) hook = it->second;
+  }
+  Hook hook{nullptr, nullptr};
+  {
+    std::lock_guard<std::recursive_mutex> g(g_mutex);
+    ensure_init();
+    if (log_on) append_log(fn, args);
+    if (!g_world.hooks.empty()) {
+      auto it = g_world.hooks.find(fn);
+      if (it != g_world.hooks.end()) hook = it->second;
+    }
   }
   if (hook.fn != nullptr) hook.fn(fn, hook.ctx);
 }
 
 int result(const char *fn, int usual) {
+  if (g_result_count.load() == 0) return usual;
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   auto it = g_world.results.find(fn);
   return it != g_world.results.end() ? it->second : usual;
 }
 
 bool has_result(const char *fn) {
+  if (g_result_count.load() == 0) return false;
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   return g_world.results.count(fn) != 0;
 }
@@ -283,8 +408,9 @@ const char *get(const char *section, const char *key) {
   ensure_init();
   Section *s = find_section(section);
   if (s == nullptr) return nullptr;
+  size_t n = strlen(key);
   for (auto &e : s->entries)
-    if (e.first == key) return e.second.c_str();
+    if (e.first.size() == n && memcmp(e.first.data(), key, n) == 0) return e.second.c_str();
   return nullptr;
 }
 
@@ -307,13 +433,29 @@ void set(const char *section, const char *key, const std::string &value) {
   set_value(section, key, value);
 }
 
-std::vector<std::string> sections(const char *prefix) {
+const std::vector<std::string> &section_names(const char *prefix) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
-  std::vector<std::string> names;
+  // The names under a prefix are collected at its first use, then kept up to date.
+  auto found = g_world.names_by_prefix.find(prefix);
+  if (found != g_world.names_by_prefix.end()) return found->second;
+  std::vector<std::string> &names = g_world.names_by_prefix[prefix];
+  std::string p = prefix;
   for (auto &s : g_world.sections)
-    if (s.name.rfind(prefix, 0) == 0) names.push_back(s.name);
+    if (starts_with(s.name, p)) names.push_back(s.name);
   return names;
+}
+
+std::vector<std::string> sections(const char *prefix) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  return section_names(prefix);
+}
+
+size_t entry_count(const char *section) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  Section *s = find_section(section);
+  return s != nullptr ? s->entries.size() : 0;
 }
 
 std::vector<std::pair<std::string, std::string>> entries(const char *section) {
@@ -328,7 +470,14 @@ std::vector<std::pair<std::string, std::string>> entries(const char *section) {
 void remove_section(const char *section) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
-  remove_sections([&](const Section &s) { return s.name == section; });
+  // Found through the index: removing one section does not walk the others.
+  auto it = g_world.by_name.find(section);
+  if (it == g_world.by_name.end()) return;
+  std::list<Section>::iterator doomed = it->second;
+  section_removed(doomed->name);
+  g_world.by_name.erase(it);
+  g_world.sections.erase(doomed);
+  bump();
 }
 
 void out_text(char *buf, size_t cap, const char *section, const char *key) {
@@ -391,7 +540,9 @@ SIM_EXPORT void sim_unset(const char *section, const char *key) {
   }
   Section *s = find_section(section);
   if (s == nullptr) return;
+  size_t before = s->entries.size();
   s->entries.remove_if([&](const std::pair<std::string, std::string> &e) { return e.first == key; });
+  if (s->entries.size() != before) bump();
 }
 
 SIM_EXPORT const char *sim_get(const char *section, const char *key) { return sim::get(section, key); }
@@ -400,6 +551,7 @@ SIM_EXPORT void sim_program_result(const char *fn, int rc) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
   g_world.results[fn] = rc;
+  g_result_count.store(static_cast<int>(g_world.results.size()));
 }
 
 SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
@@ -409,32 +561,32 @@ SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
     g_world.hooks.erase(fn);
   else
     g_world.hooks[fn] = Hook{hook, ctx};
+  g_hook_count.store(static_cast<int>(g_world.hooks.size()));
 }
 
 SIM_EXPORT const char *sim_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
-  g_world.log_copy = g_world.log;
+  g_world.log_copy = g_world.log.text;
   return g_world.log_copy.c_str();
 }
 
 SIM_EXPORT void sim_clear_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
-  g_world.log.clear();
+  g_world.log.text.clear();
+  g_world.log.counts.clear();
 }
 
 SIM_EXPORT int sim_log_count(const char *fn) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
-  std::string needle = std::string(fn) + "(";
-  int n = 0;
-  size_t pos = 0;
-  const std::string &log = g_world.log;
-  while (pos < log.size()) {
-    size_t end = log.find('\n', pos);
-    if (end == std::string::npos) end = log.size();
-    if (log.compare(pos, needle.size(), needle) == 0) ++n;
-    pos = end + 1;
-  }
-  return n;
+  auto it = g_world.log.counts.find(fn);
+  return it != g_world.log.counts.end() ? it->second : 0;
+}
+
+SIM_EXPORT void sim_set_log(int on) { g_log_on.store(on != 0); }
+
+SIM_EXPORT void sim_set_log_limit(unsigned long bytes) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  g_world.log.limit = bytes;
 }
 
 SIM_EXPORT void sim_set_save_path(const char *path) {

@@ -12,6 +12,29 @@ namespace {
 
 std::string node_section(const char *node) { return std::string("tcapi ") + node; }
 
+// The section name of a node, built on the stack when it fits (the usual case: no allocation
+// per read).
+class NodeSection {
+ public:
+  explicit NodeSection(const char *node) {
+    size_t n = strlen(node);
+    if (n + sizeof "tcapi " <= sizeof small_) {
+      memcpy(small_, "tcapi ", 6);
+      memcpy(small_ + 6, node, n + 1);
+      name_ = small_;
+    } else {
+      large_ = node_section(node);
+      name_ = large_.c_str();
+    }
+  }
+  const char *c_str() const { return name_; }
+
+ private:
+  char small_[128];
+  std::string large_;
+  const char *name_;
+};
+
 }  // namespace
 
 extern "C" {
@@ -19,7 +42,7 @@ extern "C" {
 SIM_EXPORT int tcapi_get(const char *node, const char *attr, char *buf) {
   sim::call("tcapi_get", "\"%s\", \"%s\"", node, attr);
   sim::Guard guard;
-  const char *value = sim::get(node_section(node).c_str(), attr);
+  const char *value = sim::get(NodeSection(node).c_str(), attr);
   // The real tree does not know the caller's buffer size either: the value is copied whole,
   // up to the longest value the tree hands out.
   const char *text = value != nullptr ? value : "";
