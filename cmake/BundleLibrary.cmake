@@ -38,7 +38,8 @@ endforeach()
 # The configuration shipped on the gateway's flash (on by default for the MIPS toolchain):
 # optimised for size, sections collected, no unwind tables (nothing unwinds through the
 # library), link-time optimisation, a SysV hash table alone (4 KiB less than both tables, and
-# read by every dynamic loader), no build id. The stripped library is held to the budget of
+# read by every dynamic loader), no build id, and the data segment packed right after the code
+# in the file (a small common page size: no padding up to the next 4 KiB boundary). The stripped library is held to the budget of
 # cmake/size_budget.cmake by the <tier>size test.
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
   set(flash_default ON)
@@ -53,7 +54,7 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
   list(APPEND BUNDLE_FLASH_COMPILE_OPTIONS -Wa,-mno-pdr)  # no procedure descriptors in the file
 endif()
 set(BUNDLE_FLASH_LINK_OPTIONS -Os -flto=auto -Wl,--gc-sections -Wl,--hash-style=sysv
-    -Wl,--build-id=none)
+    -Wl,--build-id=none -Wl,-z,common-page-size=16)
 if(BUNDLE_FLASH)
   foreach(target bundle_frame bundle_sc)
     target_compile_options(${target} PRIVATE ${BUNDLE_FLASH_COMPILE_OPTIONS})
@@ -145,7 +146,7 @@ set(BUNDLE_SIZE_ARGS -DLIB=$<TARGET_FILE:bundle_sc> -DOUT=${CMAKE_BINARY_DIR}/li
     -DSIZE_TOOL=${BUNDLE_SIZE_TOOL} -DSTRIP=${CMAKE_STRIP} -DNM=${CMAKE_NM}
     -DTIER=${BUNDLE_TEST_PREFIX})
 if(BUNDLE_FLASH AND CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
-  list(APPEND BUNDLE_SIZE_ARGS -DBUDGET=${BUNDLE_FLASH_BUDGET})
+  list(APPEND BUNDLE_SIZE_ARGS -DBUDGET=${BUNDLE_FLASH_BUDGET} -DLIMIT=${BUNDLE_FLASH_LIMIT})
 endif()
 add_custom_command(TARGET bundle_sc POST_BUILD
   COMMAND ${CMAKE_COMMAND} ${BUNDLE_SIZE_ARGS} -DBUDGET= -P "${CMAKE_SOURCE_DIR}/cmake/record_size.cmake"

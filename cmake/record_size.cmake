@@ -2,7 +2,7 @@
 # would be shipped, its sections, and its largest symbols. With BUDGET, fails when the
 # stripped library is larger.
 #   cmake -DLIB=... -DOUT=... -DTIER=host. [-DSIZE_TOOL=size] [-DSTRIP=strip] [-DNM=nm]
-#         [-DBUDGET=bytes] [-DPRINT=ON] -P record_size.cmake
+#         [-DBUDGET=bytes] [-DLIMIT=bytes] [-DPRINT=ON] -P record_size.cmake
 file(SIZE "${LIB}" bytes)
 get_filename_component(name "${LIB}" NAME)
 set(report "${TIER}${name}: ${bytes} bytes\n")
@@ -19,7 +19,17 @@ if(STRIP AND EXISTS "${STRIP}")
   set(measured "${stripped}")
   string(APPEND report "${TIER}${name} stripped: ${stripped_bytes} bytes")
   if(BUDGET)
-    string(APPEND report " (budget ${BUDGET})")
+    string(APPEND report " (budget ${BUDGET}")
+    if(LIMIT)
+      if(stripped_bytes GREATER LIMIT)
+        math(EXPR margin "${stripped_bytes} - ${LIMIT}")
+        string(APPEND report ", flash limit ${LIMIT}: ${margin} over")
+      else()
+        math(EXPR margin "${LIMIT} - ${stripped_bytes}")
+        string(APPEND report ", flash limit ${LIMIT}: ${margin} under")
+      endif()
+    endif()
+    string(APPEND report ")")
   endif()
   string(APPEND report "\n")
 endif()
