@@ -26,7 +26,7 @@ Java_com_lumarest_smartgateway_addressservices_LANIPInfoQueryServiceImp_getLANHo
       "\"Prefix_len\":\"%s\"}",
       ipv4.text(), first, first[0] != '\0' ? "," : "", ipv6_second.text(), mask.text(),
       prefix_len.text());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getLANHostIPJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getLANHostIPJni", reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -44,7 +44,7 @@ Java_com_lumarest_smartgateway_addressservices_LANIPInfoQueryServiceImp_getLANDH
                settings.start);
   reply.append("\"DHCPEndIP\":\"%s\",\"DHCPDuration\":%d}", settings.end,
                static_cast<int>(settings.lease));
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getLANDHCPInfoJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getLANDHCPInfoJni", reply.c_str());
 }
 
 }  // extern "C"

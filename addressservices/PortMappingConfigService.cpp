@@ -41,7 +41,7 @@ void rule_node(char (&node)[64], int pvc, int entry, jint mapping_index) {
 
 // Steps 2..3 of delete and switch: the rule node of (WAN index, port-mapping index) when the
 // WAN exists and the slot holds a rule; false after tracing why not.
-bool existing_rule(const char *native, jint wan_index, jint mapping_index, char (&node)[64]) {
+bool existing_rule(bundle::TraceName native, jint wan_index, jint mapping_index, char (&node)[64]) {
   int pvc = 0;
   int entry = 0;
   if (bundle::getPVCEntryByIFIdx(wan_index, &pvc, &entry) < 0) {

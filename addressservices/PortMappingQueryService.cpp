@@ -129,7 +129,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   if (count < 0) {
     bundle::Reply<256> fail;
     fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
-    return bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni",
+    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
                                      fail.c_str());
   }
   size_t cap = reply_size(count);
@@ -137,7 +137,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   if (buf == nullptr) {
     bundle::Reply<256> fail;
     fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni",
+    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
                                      fail.c_str());
   }
   size_t off = 0;
@@ -145,7 +145,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   for (int i = 0; i < count; ++i) append_wan(buf, cap, &off, valid[i]);
   bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
   jstring reply =
-      bundle::traced_text_reply(env, __func__, __LINE__, "getPortMappingInfoJni", buf);
+      bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni", buf);
   free(buf);
   return reply;
 }

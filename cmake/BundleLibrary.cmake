@@ -32,7 +32,41 @@ foreach(target bundle_frame bundle_services bundle_sc)
   target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
                                            -fvisibility=hidden -fvisibility-inlines-hidden
                                            ${BUNDLE_WARNINGS})
+  # A native's trace lines find the native's name from an address inside it (common/trace.h),
+  # so each native's code stays in one piece, inside its own symbol: no cold part split off.
+  target_compile_definitions(${target} PRIVATE BUNDLE_TRACE_BY_ADDRESS=1)
+  target_compile_options(${target} PRIVATE -fno-reorder-blocks-and-partition)
 endforeach()
+
+# The configuration shipped on the gateway's flash (on by default for the MIPS toolchain):
+# optimised for size, sections collected, no unwind tables (nothing unwinds through the
+# library), link-time optimisation, a SysV hash table alone (4 KiB less than both tables, and
+# read by every dynamic loader), no build id, and the data segment packed right after the code
+# in the file (a small common page size: no padding up to the next 4 KiB boundary). The
+# stripped library is held to the budget of cmake/size_budget.cmake by the <tier>size test.
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
+  set(flash_default ON)
+else()
+  set(flash_default OFF)
+endif()
+option(BUNDLE_FLASH "Build the library as shipped on the gateway's flash (size-optimised, LTO)"
+       ${flash_default})
+set(BUNDLE_FLASH_COMPILE_OPTIONS -Os -ffunction-sections -fdata-sections
+    -fno-asynchronous-unwind-tables -fno-unwind-tables -fno-ident -flto)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
+  list(APPEND BUNDLE_FLASH_COMPILE_OPTIONS -Wa,-mno-pdr)  # no procedure descriptors in the file
+endif()
+set(BUNDLE_FLASH_LINK_OPTIONS -Os -flto=auto -Wl,--gc-sections -Wl,--hash-style=sysv
+    -Wl,--build-id=none -Wl,-z,common-page-size=16)
+if(BUNDLE_FLASH)
+  foreach(target bundle_frame bundle_services)
+    target_compile_options(${target} PRIVATE ${BUNDLE_FLASH_COMPILE_OPTIONS})
+  endforeach()
+  target_link_options(bundle_sc PRIVATE ${BUNDLE_FLASH_LINK_OPTIONS})
+  set(BUNDLE_HASH_STYLE sysv)
+else()
+  set(BUNDLE_HASH_STYLE both)
+endif()
 
 # Every frame is measured (-fstack-usage) and bounded: the VM keeps only a small reserve of
 # stack for native code, so no native or helper frame may exceed 16 KiB on any target; stack
@@ -46,8 +80,15 @@ if(BUNDLE_SANITIZE)
 else()
   set(frames_enforced ON)
 endif()
+# With link-time optimisation the code, and so the .su files, come from the link (beside the
+# library, <library>.ltrans<N>.ltrans.su).
+set(frame_dirs "${CMAKE_BINARY_DIR}/CMakeFiles/bundle_services.dir;${CMAKE_BINARY_DIR}/CMakeFiles/bundle_frame.dir")
+if(BUNDLE_FLASH)
+  set(frame_dirs "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+  target_link_options(bundle_sc PRIVATE -fstack-usage)
+endif()
 add_custom_command(TARGET bundle_sc POST_BUILD
-  COMMAND ${CMAKE_COMMAND} "-DDIRS=${CMAKE_BINARY_DIR}/CMakeFiles/bundle_services.dir;${CMAKE_BINARY_DIR}/CMakeFiles/bundle_frame.dir"
+  COMMAND ${CMAKE_COMMAND} "-DDIRS=${frame_dirs}"
           -DLIMIT=${BUNDLE_FRAME_LIMIT} -DOUT=${CMAKE_BINARY_DIR}/frame-sizes.txt
           -DTIER=${BUNDLE_TEST_PREFIX} -DENFORCE=${frames_enforced}
           -P "${CMAKE_SOURCE_DIR}/cmake/check_frames.cmake"
@@ -58,7 +99,7 @@ add_custom_command(TARGET bundle_sc POST_BUILD
 set(BUNDLE_MAP "${CMAKE_SOURCE_DIR}/common/libbundle_sc.map")
 set_target_properties(bundle_sc PROPERTIES LINKER_LANGUAGE C LINK_DEPENDS "${BUNDLE_MAP}")
 target_link_options(bundle_sc PRIVATE "-Wl,--version-script=${BUNDLE_MAP}" -Wl,-z,defs
-                                      -Wl,--hash-style=both)
+                                      -Wl,--hash-style=${BUNDLE_HASH_STYLE})
 
 if(BUNDLE_PLATFORM_LIBDIR)
   # The gateway's own platform libraries.
@@ -102,9 +143,16 @@ if(BUNDLE_SANITIZE)
        libstdc++.so.6)
 endif()
 
-# Library sizes, recorded by every build (CI prints the figure for each tier).
+# Library sizes, recorded by every build (CI prints the figure for each tier) and checked by
+# the <tier>size test (registered with the tests).
+include("${CMAKE_SOURCE_DIR}/cmake/size_budget.cmake")
 string(REGEX REPLACE "nm$" "size" BUNDLE_SIZE_TOOL "${CMAKE_NM}")
+set(BUNDLE_SIZE_ARGS -DLIB=$<TARGET_FILE:bundle_sc> -DOUT=${CMAKE_BINARY_DIR}/library-size.txt
+    -DSIZE_TOOL=${BUNDLE_SIZE_TOOL} -DSTRIP=${CMAKE_STRIP} -DNM=${CMAKE_NM}
+    -DTIER=${BUNDLE_TEST_PREFIX})
+if(BUNDLE_FLASH AND CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
+  list(APPEND BUNDLE_SIZE_ARGS -DBUDGET=${BUNDLE_FLASH_BUDGET} -DLIMIT=${BUNDLE_FLASH_LIMIT})
+endif()
 add_custom_command(TARGET bundle_sc POST_BUILD
-  COMMAND ${CMAKE_COMMAND} -DLIB=$<TARGET_FILE:bundle_sc> -DOUT=${CMAKE_BINARY_DIR}/library-size.txt
-          -DSIZE_TOOL=${BUNDLE_SIZE_TOOL} -DTIER=${BUNDLE_TEST_PREFIX} -P "${CMAKE_SOURCE_DIR}/cmake/record_size.cmake"
+  COMMAND ${CMAKE_COMMAND} ${BUNDLE_SIZE_ARGS} -DBUDGET= -P "${CMAKE_SOURCE_DIR}/cmake/record_size.cmake"
   VERBATIM)

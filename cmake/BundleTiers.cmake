@@ -39,6 +39,10 @@ if(BUNDLE_MIPS_CXX AND BUNDLE_QEMU)
     CMAKE_ARGS -DCMAKE_TOOLCHAIN_FILE=${CMAKE_SOURCE_DIR}/cmake/mips-linux-gnu.cmake
                -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DBUNDLE_TIERS=OFF -DBUNDLE_JVM_TESTS=OFF
                -DBUNDLE_TEST_PREFIX=mips.
+               # The configuration shipped on the gateway: what is measured is what is tested.
+               -DBUNDLE_FLASH=ON
+               -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}
+               -DCMAKE_C_COMPILER_LAUNCHER=${CMAKE_C_COMPILER_LAUNCHER}
                -DBUNDLE_JNI_INCLUDE_DIR=${BUNDLE_JNI_INCLUDE_DIR}
                -DBUNDLE_GTEST_SOURCE=${BUNDLE_GTEST_SOURCE}
     BUILD_ALWAYS ON

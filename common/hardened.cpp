@@ -16,6 +16,8 @@ bool hardened_profile() { return BUNDLE_HARDENED != 0; }
 
 const char *secret(const char *text) { return BUNDLE_HARDENED ? "******" : text; }
 
+#if BUNDLE_HARDENED
+
 namespace {
 
 // Output of the hardened composer: bytes go below buf[cap - 1] only, every byte is counted,
@@ -252,6 +254,16 @@ int escaped_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list
   if (n > 0) *off = at + n;
   return static_cast<int>(n);
 }
+
+#else
+
+// The default profile never escapes (reply_vappend asks hardened_profile() first), so the
+// composer above is left out of the library; this one leaves texts as they are.
+int escaped_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap) {
+  return reply_vappend(buf, cap, off, fmt, ap);
+}
+
+#endif
 
 namespace {
 

@@ -47,7 +47,7 @@ extern const char kHardenedFailure[];
 
 // traced_text_reply (common/native.h) for a reply that carries a secret: the closing trace
 // shows secret(text), Java receives the text.
-inline jstring traced_secret_reply(JNIEnv *env, const char *native, int line, const char *method,
+inline jstring traced_secret_reply(JNIEnv *env, TraceName native, int line, const char *method,
                                    const char *text) {
   trace_printf(native, line, "%s: return json = %s   leave============>\n", method, secret(text));
   return new_reply_string(env, text);
@@ -56,7 +56,7 @@ inline jstring traced_secret_reply(JNIEnv *env, const char *native, int line, co
 // traced_text_reply for a composed JSON reply whose own failure reply is `failure`: in the
 // hardened profile a reply that is not valid JSON (cut at its buffer) reaches Java as
 // `failure`; the trace shows what Java receives.
-inline jstring traced_checked_reply(JNIEnv *env, const char *native, int line, const char *method,
+inline jstring traced_checked_reply(JNIEnv *env, TraceName native, int line, const char *method,
                                     const char *text, const char *failure) {
   text = checked_reply(text, failure);
   trace_printf(native, line, "%s: return json = %s   leave============>\n", method, text);

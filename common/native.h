@@ -20,7 +20,7 @@ namespace bundle {
 // The closing trace of a text reply, traced under `native` (the exported function's full
 // name) at `line` as "<method>: return json = <text>   leave============>", then the reply
 // as a jstring. For helpers that build the reply of several natives.
-inline jstring traced_text_reply(JNIEnv *env, const char *native, int line, const char *method,
+inline jstring traced_text_reply(JNIEnv *env, TraceName native, int line, const char *method,
                                  const char *text) {
   trace_printf(native, line, "%s: return json = %s   leave============>\n", method, text);
   return new_reply_string(env, text);

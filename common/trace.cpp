@@ -1,6 +1,8 @@
 #include "common/trace.h"
 
+#include <link.h>
 #include <stdarg.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <unistd.h>
 
@@ -8,21 +10,143 @@ namespace bundle {
 
 bool flag_file_exists(const char *path) { return access(path, F_OK) == 0; }
 
+namespace {
+
+void trace_vprintf(const char *fn, int line, const char *fmt, va_list ap) {
+  printf("%s:%d:", fn, line);
+  vprintf(fmt, ap);
+  fflush(stdout);
+}
+
+void trace_line(const char *fn, int line, const char *text) {
+  printf("%s:%d:", fn, line);
+  puts(text);
+  fflush(stdout);
+}
+
+// The exported function of one loaded object that holds an address.
+struct SymbolSearch {
+  uintptr_t address;
+  const char *name;
+};
+
+// The dynamic table's addresses are relocated in place on some targets and left as linked on
+// others (MIPS keeps its dynamic section read-only).
+uintptr_t dynamic_address(const dl_phdr_info *info, uintptr_t value) {
+  return value < info->dlpi_addr ? info->dlpi_addr + value : value;
+}
+
+int search_object(dl_phdr_info *info, size_t, void *data) {
+  SymbolSearch *search = static_cast<SymbolSearch *>(data);
+  const ElfW(Dyn) *dynamic = nullptr;
+  bool inside = false;
+  for (ElfW(Half) i = 0; i < info->dlpi_phnum; ++i) {
+    const ElfW(Phdr) &ph = info->dlpi_phdr[i];
+    uintptr_t start = info->dlpi_addr + ph.p_vaddr;
+    if (ph.p_type == PT_LOAD && search->address >= start && search->address - start < ph.p_memsz) {
+      inside = true;
+    } else if (ph.p_type == PT_DYNAMIC) {
+      dynamic = reinterpret_cast<const ElfW(Dyn) *>(start);
+    }
+  }
+  if (!inside) return 0;  // another object: go on
+  if (dynamic == nullptr) return 1;
+  const ElfW(Sym) *symbols = nullptr;
+  const char *names = nullptr;
+  const ElfW(Word) *hash = nullptr;  // the library is always linked with a SysV hash table
+  for (const ElfW(Dyn) *d = dynamic; d->d_tag != DT_NULL; ++d) {
+    if (d->d_tag == DT_SYMTAB) {
+      symbols = reinterpret_cast<const ElfW(Sym) *>(dynamic_address(info, d->d_un.d_ptr));
+    } else if (d->d_tag == DT_STRTAB) {
+      names = reinterpret_cast<const char *>(dynamic_address(info, d->d_un.d_ptr));
+    } else if (d->d_tag == DT_HASH) {
+      hash = reinterpret_cast<const ElfW(Word) *>(dynamic_address(info, d->d_un.d_ptr));
+    }
+  }
+  if (symbols == nullptr || names == nullptr || hash == nullptr) return 1;
+  ElfW(Word) count = hash[1];  // nchain: one entry per dynamic symbol
+  for (ElfW(Word) i = 0; i < count; ++i) {
+    const ElfW(Sym) &sym = symbols[i];
+    if ((sym.st_info & 0xf) != STT_FUNC || sym.st_shndx == SHN_UNDEF) continue;
+    uintptr_t start = info->dlpi_addr + sym.st_value;
+    if (search->address >= start && search->address - start < sym.st_size) {
+      search->name = names + sym.st_name;
+      break;
+    }
+  }
+  return 1;
+}
+
+}  // namespace
+
+const char *native_name_at(const void *address) {
+  SymbolSearch search{reinterpret_cast<uintptr_t>(address), nullptr};
+  dl_iterate_phdr(search_object, &search);
+  return search.name;
+}
+
+const void *caller_address() { return __builtin_return_address(0); }
+
 void trace_printf(const char *fn, int line, const char *fmt, ...) {
   if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  printf("%s:%d:", fn, line);
   va_list ap;
   va_start(ap, fmt);
-  vprintf(fmt, ap);
+  trace_vprintf(fn, line, fmt, ap);
   va_end(ap);
-  fflush(stdout);
+}
+
+void trace_printf(TraceName fn, int line, const char *fmt, ...) {
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
+  va_list ap;
+  va_start(ap, fmt);
+  trace_vprintf(name != nullptr ? name : "?", line, fmt, ap);
+  va_end(ap);
 }
 
 void trace_puts(const char *fn, int line, const char *text) {
   if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  printf("%s:%d:", fn, line);
-  puts(text);
+  trace_line(fn, line, text);
+}
+
+void trace_puts(TraceName fn, int line, const char *text) {
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
+  trace_line(name != nullptr ? name : "?", line, text);
+}
+
+void trace_native_printf(int line, const char *fmt, ...) {
+  const void *caller = __builtin_return_address(0);
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = native_name_at(caller);
+  va_list ap;
+  va_start(ap, fmt);
+  trace_vprintf(name != nullptr ? name : "?", line, fmt, ap);
+  va_end(ap);
+}
+
+void trace_native_closing(int line, int kind, ...) {
+  const void *caller = __builtin_return_address(0);
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = native_name_at(caller);
+  if (name == nullptr) name = "?";
+  printf("%s:%d:%s", name, line, method_of(name));
+  va_list ap;
+  va_start(ap, kind);
+  if (kind == kCodeLine) {
+    printf(kClosingCode, va_arg(ap, int));
+  } else {
+    printf(kClosingJson, va_arg(ap, const char *));
+  }
+  va_end(ap);
   fflush(stdout);
+}
+
+void trace_native_puts(int line, const char *text) {
+  const void *caller = __builtin_return_address(0);
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = native_name_at(caller);
+  trace_line(name != nullptr ? name : "?", line, text);
 }
 
 }  // namespace bundle

@@ -28,7 +28,7 @@ typedef int (*TwoTextSetter)(const char *user, const char *password);
 
 // Account setters with one text (delete an account, the web password): the platform is asked
 // only for a non-empty text.
-int set_one_text(JNIEnv *env, const char *native, const char *method, jstring jtext,
+int set_one_text(JNIEnv *env, bundle::TraceName native, const char *method, jstring jtext,
                  OneTextSetter setter) {
   bundle::JavaChars text(env, jtext);
   int rc = usable(text) ? normalised(setter(text.get())) : -1;
@@ -39,7 +39,7 @@ int set_one_text(JNIEnv *env, const char *native, const char *method, jstring jt
 
 // Account setters with a user name and a password: both texts are taken first (the password
 // even when the name is missing), and the platform is asked only when both are non-empty.
-int set_two_texts(JNIEnv *env, const char *native, const char *method, jstring juser,
+int set_two_texts(JNIEnv *env, bundle::TraceName native, const char *method, jstring juser,
                   jstring jpassword, TwoTextSetter setter) {
   bundle::JavaChars user(env, juser);
   bundle::JavaChars password(env, jpassword);
@@ -86,14 +86,14 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_se
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_addFTPAccountJni(
     JNIEnv *env, jobject, jstring userName, jstring password) {
-  return set_two_texts(env, __func__, "addFTPAccountJni", userName, password,
+  return set_two_texts(env, BUNDLE_NATIVE, "addFTPAccountJni", userName, password,
                        brelo_addFTPAccount);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_deleteFTPAccountJni(
     JNIEnv *env, jobject, jstring userName) {
-  return set_one_text(env, __func__, "deleteFTPAccountJni", userName, brelo_deleteFTPAccount);
+  return set_one_text(env, BUNDLE_NATIVE, "deleteFTPAccountJni", userName, brelo_deleteFTPAccount);
 }
 
 JNIEXPORT jint JNICALL
@@ -107,21 +107,21 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_de
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_setHTTPUserPasswordJni(
     JNIEnv *env, jobject, jstring password) {
-  return set_one_text(env, __func__, "setHTTPUserPasswordJni", password,
+  return set_one_text(env, BUNDLE_NATIVE, "setHTTPUserPasswordJni", password,
                       brelo_setHTTPUserPassword);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_addSambaAccountJni(
     JNIEnv *env, jobject, jstring userName, jstring password) {
-  return set_two_texts(env, __func__, "addSambaAccountJni", userName, password,
+  return set_two_texts(env, BUNDLE_NATIVE, "addSambaAccountJni", userName, password,
                        brelo_addSambaAccount);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_deleteSambaAccountJni(
     JNIEnv *env, jobject, jstring userName) {
-  return set_one_text(env, __func__, "deleteSambaAccountJni", userName,
+  return set_one_text(env, BUNDLE_NATIVE, "deleteSambaAccountJni", userName,
                       brelo_deleteSambaAccount);
 }
 

@@ -54,7 +54,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getFTPRightInfoJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getFTPRightInfoJni",
                                     bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 
@@ -69,7 +69,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
   } else {
     reply.append("{\"Result\":0,\"Right\":%d,\"Password\":\"%s\"}", right, password.text());
   }
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getHTTPRightInfoJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getHTTPRightInfoJni",
                                    reply.c_str());
 }
 
@@ -87,7 +87,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getSambaRightInfoJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getSambaRightInfoJni",
                                     bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 

@@ -7,7 +7,7 @@
 namespace {
 
 // Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity.
-jstring identity_reply(JNIEnv *env, const char *native, const char *method, const char *name,
+jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *method, const char *name,
                        const char *vendor, const char *version) {
   char name_field[128] = {};
   char vendor_field[128] = {};
@@ -75,13 +75,13 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceU
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getOSGiInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, __func__, "getOSGiInfoJni", "OSGI", "Apache Felix", "5.4.0");
+  return identity_reply(env, BUNDLE_NATIVE, "getOSGiInfoJni", "OSGI", "Apache Felix", "5.4.0");
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getJVMInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, __func__, "getJVMInfoJni", "JVM", "Oracle", "1.8.0");
+  return identity_reply(env, BUNDLE_NATIVE, "getJVMInfoJni", "JVM", "Oracle", "1.8.0");
 }
 
 JNIEXPORT jstring JNICALL

@@ -13,7 +13,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<64> oui;
   brelo_devInfoGetManufacturerOUI(oui.out());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceManufacturerOUIJni",
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceManufacturerOUIJni",
                                    oui.text());
 }
 
@@ -23,7 +23,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
   // 129 bytes, not 128: a 128-character serial number stays terminated.
   bundle::PlatformText<129> serial;
   brelo_devInfoGetSerialNumber(serial.out());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceSerialNumberJni",
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceSerialNumberJni",
                                    serial.text());
 }
 
@@ -32,7 +32,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetDefaultWebPasswd(password.out(), password.size());
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDeviceDefaultWebPasswordJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultWebPasswordJni",
                                    password.text());
 }
 
@@ -41,7 +41,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> ssid;
   brelo_wlanGetDefaultSSIDName(ssid.out(), ssid.size());
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1NameJni",
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultSSID1NameJni",
                                    ssid.text());
 }
 
@@ -50,7 +50,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_wlanGetDefaultSSIDPasswd(password.out(), password.size());
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDeviceDefaultSSID1PasswordJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultSSID1PasswordJni",
                                    password.text());
 }
 
@@ -59,7 +59,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetPasswd(password.out());  // this getter takes no size
-  return bundle::traced_secret_reply(env, __func__, __LINE__, "getDevicePasswordJni",
+  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDevicePasswordJni",
                                    password.text());
 }
 

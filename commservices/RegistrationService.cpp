@@ -57,7 +57,7 @@ Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_getPasswordRe
   reply.append("\"Limit\":\"%d\",\"Times\":\"%d\",\"Province\":\"%s\"}", static_cast<int>(info.limit),
                static_cast<int>(info.times), shown_province);
 
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getPasswordRegistrationInfoJni",
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPasswordRegistrationInfoJni",
                                    reply.c_str());
 }
 

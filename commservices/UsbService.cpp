@@ -196,7 +196,7 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIE
     }
     reply.append("]}");
   }
-  return bundle::traced_checked_reply(env, __func__, __LINE__, "getStorageInfoJni", reply.c_str(),
+  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getStorageInfoJni", reply.c_str(),
                                       kStorageFailure);
 }
 

@@ -218,7 +218,7 @@ void free_hosts(LanHostRecord *&list) {
 
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
-                         const char *native, const char *method) {
+                         bundle::TraceName native, const char *method) {
   bundle::HeapMacList list_of_macs(env, macs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
   if (!list_of_macs.ok()) return bundle::traced_text_reply(env, native, __LINE__, method, kListFailure);
@@ -454,13 +454,13 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostStatsJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "Stats", __func__, "getLANHostStatsJni");
+  return host_stats_reply(env, macs, "Stats", BUNDLE_NATIVE, "getLANHostStatsJni");
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostSpeedLimitInfoJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "SpeedMax", __func__, "getLANHostSpeedLimitInfoJni");
+  return host_stats_reply(env, macs, "SpeedMax", BUNDLE_NATIVE, "getLANHostSpeedLimitInfoJni");
 }
 
 }  // extern "C"

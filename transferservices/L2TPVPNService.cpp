@@ -104,7 +104,7 @@ void route_destinations(JNIEnv *env, jobjectArray array, int mode) {
 
 // Reads a credential into a zeroed buffer of `size` bytes. False when it is null or has
 // `size` characters or more; an over-long text is then never given back to the JVM.
-bool read_credential(JNIEnv *env, const char *native, jstring s, char *buf, size_t size,
+bool read_credential(JNIEnv *env, bundle::TraceName native, jstring s, char *buf, size_t size,
                      const char *null_text, const char *long_text) {
   bundle::JavaChars text(env, s);
   if (text.is_null()) {
@@ -132,11 +132,11 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
   bundle::Reply<64> reply;
   char server[VPN_SERVER_SIZE] = {}, user[VPN_USER_SIZE] = {}, password[VPN_PASSWORD_SIZE] = {};
   // Checked in this order; the first refusal ends the call.
-  if (!read_credential(env, __func__, jserver, server, sizeof server, "VPN ServerIP is NULL!",
+  if (!read_credential(env, BUNDLE_NATIVE, jserver, server, sizeof server, "VPN ServerIP is NULL!",
                        "VPN ServerIP out of size!") ||
-      !read_credential(env, __func__, juser, user, sizeof user, "VPN username is NULL!",
+      !read_credential(env, BUNDLE_NATIVE, juser, user, sizeof user, "VPN username is NULL!",
                        "VPN username out of size!") ||
-      !read_credential(env, __func__, jpassword, password, sizeof password,
+      !read_credential(env, BUNDLE_NATIVE, jpassword, password, sizeof password,
                        "VPN password is NULL!", "VPN password out of size!")) {
     reply.append("%s", kFailure);
   } else {
@@ -145,7 +145,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
     BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, user, bundle::secret(password));
     reply.append("%s", brelo_vpnOn(server, user, password) == 0 ? kSuccess : kFailure);
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "vpnOnJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "vpnOnJni", reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -153,12 +153,12 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOffJni(JNIE
                                                                             jstring jserver) {
   bundle::Reply<64> reply;
   char server[VPN_SERVER_SIZE] = {};
-  if (!read_credential(env, __func__, jserver, server, sizeof server, "VPN ServerIP is NULL!",
+  if (!read_credential(env, BUNDLE_NATIVE, jserver, server, sizeof server, "VPN ServerIP is NULL!",
                        "VPN ServerIP out of size!"))
     reply.append("%s", kFailure);
   else
     reply.append("%s", brelo_vpnOff(server) == 0 ? kSuccess : kFailure);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "vpnOffJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "vpnOffJni", reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -170,7 +170,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getVpnStatCmdJ
     reply.append("{\"Result\":0,\"Status\":%d}", status);
   else
     reply.append("%s", "{\"Result\":-1,\"Status\":0}");
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getVpnStatCmdJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getVpnStatCmdJni", reply.c_str());
 }
 
 // The platform writes the inner part of the JSON array; it is inserted as it stands. The
@@ -188,7 +188,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIp
     reply.append("%s", kIpListFailure);
   // The platform's list goes between the brackets raw; the hardened profile answers the
   // failure reply when that does not make valid JSON.
-  return bundle::traced_checked_reply(env, __func__, __LINE__, "getConnectedIpListJni",
+  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getConnectedIpListJni",
                                       reply.c_str(), kIpListFailure);
 }
 

@@ -132,7 +132,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getHTTPTrafficProcessRuleInfoJni",
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getHTTPTrafficProcessRuleInfoJni",
                                    reply.text());
 }
 

@@ -92,7 +92,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getForwardRuleInfoJni", reply.text());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getForwardRuleInfoJni", reply.text());
 }
 
 }  // extern "C"

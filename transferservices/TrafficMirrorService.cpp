@@ -107,7 +107,7 @@ int find_free_mirror_entry() {
 
 // The checks and the store of addMirrorRuleJni. Each Java text is released once copied; on a
 // refusal the text being checked is kept (never released), as the gateway has always done.
-int add_mirror_rule(JNIEnv *env, const char *native, jstring jremote, jstring jport,
+int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstring jport,
                     jstring jdirection, jstring jprotocol, jstring jmac, jstring jmirror_ip,
                     jint mirror_port) {
   char remote[512] = {};
@@ -287,7 +287,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_addMirrorRuleJni(
     JNIEnv *env, jobject, jstring remoteAddress, jstring remotePort, jstring direction,
     jstring protocol, jstring hostMAC, jstring mirrorToIP, jint mirrorToPort) {
-  int rc = add_mirror_rule(env, __func__, remoteAddress, remotePort, direction, protocol,
+  int rc = add_mirror_rule(env, BUNDLE_NATIVE, remoteAddress, remotePort, direction, protocol,
                            hostMAC, mirrorToIP, mirrorToPort);
   BUNDLE_TRACE("addMirrorRuleJni: return code = %d   leave============>\n", rc);
   return rc;
@@ -326,7 +326,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
   if (reply == nullptr) {
     char failure[128] = {};
     snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, __func__, __LINE__, "getMirroRuleInfoJni", failure);
+    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", failure);
   }
   reply[0] = '\0';
   size_t off = 0;
@@ -355,7 +355,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
   }
   bundle::reply_append(reply, kRuleListSize, &off, "%s", "]}");
-  jstring result = bundle::traced_text_reply(env, __func__, __LINE__, "getMirroRuleInfoJni", reply);
+  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", reply);
   free(reply);
   return result;
 }

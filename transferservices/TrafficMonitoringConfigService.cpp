@@ -76,7 +76,7 @@ struct MonitorRequest {
 // and the bundle name. -1 for an address that can't be read or is invalid, a bundle name that
 // can't be read, or no memory for the working array; nothing has been written by then.
 // Traces under the calling native's name.
-int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, const char *native,
+int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundle::TraceName native,
                  MonitorRequest *req) {
   req->dest = static_cast<DestAddress *>(calloc(kMaxDestAddresses, sizeof(DestAddress)));
   if (req->dest == nullptr) {
@@ -267,7 +267,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceImp_addTrafficMonitoringDestAddressJni(
     JNIEnv *env, jobject, jobjectArray destAddresses, jstring bundleName) {
   MonitorRequest req;
-  int rc = read_request(env, destAddresses, bundleName, __func__, &req);
+  int rc = read_request(env, destAddresses, bundleName, BUNDLE_NATIVE, &req);
   if (rc == 0) {
     rc = addMonitorRuleToEntry(&req);
     if (rc < 0) BUNDLE_TRACE_PUTS("monitor rules full");
@@ -280,7 +280,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceImp_deleteTrafficMonitoringDestAddressJni(
     JNIEnv *env, jobject, jobjectArray destAddresses, jstring bundleName) {
   MonitorRequest req;
-  int rc = read_request(env, destAddresses, bundleName, __func__, &req);
+  int rc = read_request(env, destAddresses, bundleName, BUNDLE_NATIVE, &req);
   if (rc == 0) {
     rc = deleteMonitorRuleToEntry(&req);
     // The same text as the add's failure, kept as the gateway has it.
@@ -302,7 +302,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     free(reply);
     char failure[128] = {};
     snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, __func__, __LINE__,
+    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
                                      "getTrafficMonitoringDestAddressInfoJni", failure);
   }
   reply[0] = '\0';
@@ -346,7 +346,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
   }
   bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
 
-  jstring result = bundle::traced_text_reply(env, __func__, __LINE__,
+  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
                                              "getTrafficMonitoringDestAddressInfoJni", reply);
   free(collection);
   free(reply);

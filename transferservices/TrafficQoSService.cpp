@@ -92,7 +92,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
     }
     free(items);
   }
-  return bundle::traced_checked_reply(env, __func__, __LINE__, "getTrafficInfoByFlowJni",
+  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getTrafficInfoByFlowJni",
                                       reply.c_str(), kFlowFailure);
 }
 
@@ -106,7 +106,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getStatsByF
     reply.append("%s", "{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
   else
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", upstream, downstream);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getStatsByFlowJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getStatsByFlowJni", reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -121,7 +121,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedByF
     reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getSpeedByFlowJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedByFlowJni", reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
@@ -143,7 +143,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedLim
     reply.append("%s", "{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"UpSpeed\":%d,\"DownSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getSpeedLimitByFlowJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedLimitByFlowJni", reply.c_str());
 }
 
 JNIEXPORT jint JNICALL

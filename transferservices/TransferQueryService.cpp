@@ -81,7 +81,7 @@ void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
 // allocated nothing for included); so is a non-zero result. The reply goes on the heap, sized
 // for `count` objects; when that cannot be had the query fails.
 template <typename Record>
-jstring list_reply(JNIEnv *env, const char *native, int line, const char *method, int rc,
+jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *method, int rc,
                    Record *array, int count) {
   char *text = nullptr;
   if (array != nullptr && rc == 0) {
@@ -119,7 +119,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANB
   int count = 0;
   int rc = brelo_vlanGetBindInfo(&array, &count);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, __func__, __LINE__, "getVLANBindInfoJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getVLANBindInfoJni", rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -129,7 +129,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, __func__, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
                     count);
 }
 
@@ -140,7 +140,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, __func__, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -150,7 +150,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
                     array, count);
 }
 
@@ -161,7 +161,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, __func__, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
                     count);
 }
 
@@ -172,7 +172,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVS
   bundle::Reply<256> reply;
   int status = brelo_iptvGetStatus();
   if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getIPTVStatusJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getIPTVStatusJni", reply.c_str());
 }
 
 }  // extern "C"

@@ -63,7 +63,7 @@ Java_com_lumarest_smartgateway_voipservices_VoIPInfoQueryServiceImp_getPOTSInfoJ
   }
 
   reply.append("]}");
-  return bundle::traced_text_reply(env, __func__, __LINE__, "getPOTSInfoJni", reply.c_str());
+  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPOTSInfoJni", reply.c_str());
 }
 
 }  // extern "C"
