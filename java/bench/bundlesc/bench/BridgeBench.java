@@ -1,6 +1,7 @@
 package bundlesc.bench;
 
 import bundlesc.sim.GatewaySim;
+import bundlesc.sim.NeutralCalls;
 import java.io.File;
 import java.io.FileOutputStream;
 import java.io.IOException;
@@ -15,7 +16,6 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
 import java.util.Enumeration;
-import java.util.HashMap;
 import java.util.List;
 import java.util.Locale;
 import java.util.Map;
@@ -54,59 +54,6 @@ import java.util.regex.Pattern;
 public final class BridgeBench {
     private static final String ROOT = "com.lumarest.smartgateway";
     private static final String FLAG = "/tmp/brelo_debug";
-    private static final String HOST = "00:E0:4C:68:01:A2";
-
-    /**
-     * Arguments for the natives whose generic ones would not leave the gateway as it was: the
-     * ones the JVM soak test (java/tests/.../SoakTest.java) uses; keep the two lists alike.
-     */
-    private static final Map<String, Object[]> ARGUMENTS = new HashMap<String, Object[]>();
-
-    static {
-        String[] host = {HOST};
-        ARGUMENTS.put("getLANHostInfoByMACJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostStatsJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostSpeedLimitInfoJni", new Object[] {host});
-        ARGUMENTS.put("getWLANHostInfoJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostInfoByInterfaceJni", new Object[] {"LAN1"});
-        ARGUMENTS.put("getLANHostInfoByClassJni", new Object[] {"ONLINE"});
-        ARGUMENTS.put("getLANHostSpeedJni", new Object[] {HOST});
-        ARGUMENTS.put("setGatewayNameJni", new Object[] {"Lumarest-HGU"});
-        ARGUMENTS.put("addLANHostToBlackListJni", new Object[] {new String[] {"3C:5A:B4:10:22:07"}});
-        ARGUMENTS.put("addLANHostToTrustListJni", new Object[] {new String[] {"F0:18:98:4B:7E:21"}});
-        ARGUMENTS.put("addLANHostToStorageBlackListJni",
-                new Object[] {new String[] {"9C:B6:D0:0A:44:E3"}});
-        String[] stranger = {"02:00:00:00:00:99"};
-        ARGUMENTS.put("deleteLANHostFromBlackListJni", new Object[] {stranger});
-        ARGUMENTS.put("deleteLANHostFromTrustListJni", new Object[] {stranger});
-        ARGUMENTS.put("deleteLANHostFromStorageBlackListJni", new Object[] {stranger});
-        ARGUMENTS.put("setSpeedLimitByFlowJni", new Object[] {1, 0, 0});
-        ARGUMENTS.put("setDSCPRemarkByFlowJni", new Object[] {1, 46});
-        ARGUMENTS.put("deleteLayer3ForwardingStaticJni", new Object[] {99});
-        ARGUMENTS.put("deleteIPv6Layer3ForwardingStaticJni", new Object[] {99});
-        ARGUMENTS.put("vpnOffJni", new Object[] {"203.0.113.250"});
-        ARGUMENTS.put("deleteWLANGuestSSIDJni", new Object[] {7});
-        ARGUMENTS.put("deleteWANIfJni", new Object[] {99});
-        ARGUMENTS.put("setWANIfJni", new Object[] {99, "{}"});
-        ARGUMENTS.put("addWANIfJni", new Object[] {"1", "1", "none of them"});
-        ARGUMENTS.put("vpnOnJni", new Object[] {"", "user", "secret"});
-        ARGUMENTS.put("addWLANGuestSSIDJni", new Object[] {3});
-        ARGUMENTS.put("addFTPAccountJni", new Object[] {"anna", "ftp4anna"});
-        ARGUMENTS.put("deleteFTPAccountJni", new Object[] {"nobody"});
-        ARGUMENTS.put("addSambaAccountJni", new Object[] {"media", "m3dia-share"});
-        ARGUMENTS.put("deleteSambaAccountJni", new Object[] {"nobody"});
-        ARGUMENTS.put("deleteForwardRuleJni", new Object[] {99});
-        ARGUMENTS.put("deleteHTTPTrafficProcessRuleJni", new Object[] {99});
-        ARGUMENTS.put("deleteMirrorRuleJni", new Object[] {99});
-    }
-
-    /**
-     * Platform calls that have no harmless form (they empty whole tables, restart the gateway,
-     * or add rules): the simulated gateway refuses them, as in the soak test.
-     */
-    private static final List<String> REFUSED = Arrays.asList(
-            "brelo_deleteAllFTPAccount", "brelo_deleteAllSambaAccount", "brelo_reset",
-            "brelo_addForwardRule", "brelo_addHTTPTrafficProcessRule", "brelo_addTrafficToFlow");
 
     /** One native, its floor and its figures. */
     static final class Bench {
@@ -279,9 +226,7 @@ public final class BridgeBench {
         if (GatewaySim.loadDefault() != 0) {
             throw new IllegalStateException("the default simulated gateway did not load");
         }
-        for (String function : REFUSED) {
-            GatewaySim.programResult(function, -1);
-        }
+        NeutralCalls.refuseHarmful();
         GatewaySim.clearLog();
     }
 
@@ -326,39 +271,13 @@ public final class BridgeBench {
                     target = cls.getDeclaredConstructor().newInstance();
                 }
                 m.setAccessible(true);
-                Object[] args = ARGUMENTS.get(m.getName());
-                Bench b = new Bench(benches.size(), m, target, args != null ? args : argumentsFor(m));
+                Bench b = new Bench(benches.size(), m, target, NeutralCalls.argumentsFor(m));
                 if (only == null || only.matcher(b.name()).find()) {
                     benches.add(b);
                 }
             }
         }
         return benches;
-    }
-
-    /** Plain arguments of the parameter types the service classes use. */
-    private static Object[] argumentsFor(Method m) {
-        Class<?>[] types = m.getParameterTypes();
-        Object[] args = new Object[types.length];
-        for (int i = 0; i < types.length; i++) {
-            Class<?> t = types[i];
-            if (t == int.class) {
-                args[i] = 1;
-            } else if (t == boolean.class) {
-                args[i] = Boolean.TRUE;
-            } else if (t == byte.class) {
-                args[i] = (byte) 1;
-            } else if (t == String.class) {
-                args[i] = "1";
-            } else if (t == String[].class) {
-                args[i] = new String[] {HOST};
-            } else if (t == byte[].class) {
-                args[i] = new byte[16];
-            } else {
-                throw new IllegalArgumentException(m + ": parameter type " + t);
-            }
-        }
-        return args;
     }
 
     private Object call(Bench b) {

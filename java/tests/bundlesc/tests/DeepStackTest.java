@@ -5,6 +5,7 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import bundlesc.sim.NeutralCalls;
 import java.io.File;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
@@ -62,31 +63,6 @@ class DeepStackTest extends GatewayTestBase {
         return natives;
     }
 
-    /** Plain arguments of the parameter types the service classes use. */
-    static Object[] argumentsFor(Method m) {
-        Class<?>[] types = m.getParameterTypes();
-        Object[] args = new Object[types.length];
-        for (int i = 0; i < types.length; i++) {
-            Class<?> t = types[i];
-            if (t == int.class) {
-                args[i] = 1;
-            } else if (t == boolean.class) {
-                args[i] = Boolean.TRUE;
-            } else if (t == byte.class) {
-                args[i] = (byte) 1;
-            } else if (t == String.class) {
-                args[i] = "1";
-            } else if (t == String[].class) {
-                args[i] = new String[] {"00:E0:4C:68:01:A2"};
-            } else if (t == byte[].class) {
-                args[i] = new byte[16];
-            } else {
-                throw new IllegalArgumentException(m + ": parameter type " + t);
-            }
-        }
-        return args;
-    }
-
     /** Outcomes of one native at the bottom of one thread's stack. */
     static final class Outcome {
         int replies;
@@ -122,7 +98,7 @@ class DeepStackTest extends GatewayTestBase {
         assertFalse(natives.isEmpty());
         for (Method m : natives) {
             Object target = m.getDeclaringClass().getDeclaredConstructor().newInstance();
-            Object[] args = argumentsFor(m);
+            Object[] args = NeutralCalls.plainArgumentsFor(m);
             m.invoke(target, args);  // loads the library outside the deep stack
             Outcome outcome = new Outcome();
             AtomicReference<Throwable> failure = new AtomicReference<Throwable>();

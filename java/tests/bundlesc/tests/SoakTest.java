@@ -4,6 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import bundlesc.sim.GatewaySim;
+import bundlesc.sim.NeutralCalls;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.util.ArrayList;
@@ -32,7 +33,6 @@ class SoakTest extends GatewayTestBase {
     private static final int CALLS_PER_THREAD = Integer.getInteger("soak.calls", 10_000);
     private static final long SMALL_STACK = 136 * 1024;
 
-    private static final String HOST = "00:E0:4C:68:01:A2";
 
     /** One call of the mix and the reply a single thread gets for it. */
     static final class Call {
@@ -56,48 +56,6 @@ class SoakTest extends GatewayTestBase {
             return method.getDeclaringClass().getSimpleName() + "." + method.getName()
                     + Arrays.deepToString(args);
         }
-    }
-
-    /** Arguments for the natives whose generic ones would not leave the gateway as it was. */
-    private static final Map<String, Object[]> ARGUMENTS = new HashMap<String, Object[]>();
-
-    static {
-        String[] host = {HOST};
-        ARGUMENTS.put("getLANHostInfoByMACJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostStatsJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostSpeedLimitInfoJni", new Object[] {host});
-        ARGUMENTS.put("getWLANHostInfoJni", new Object[] {host});
-        ARGUMENTS.put("getLANHostInfoByInterfaceJni", new Object[] {"LAN1"});
-        ARGUMENTS.put("getLANHostInfoByClassJni", new Object[] {"ONLINE"});
-        ARGUMENTS.put("getLANHostSpeedJni", new Object[] {HOST});
-        // Setters: the values the default gateway holds, or targets that do not exist.
-        ARGUMENTS.put("setGatewayNameJni", new Object[] {"Lumarest-HGU"});
-        ARGUMENTS.put("addLANHostToBlackListJni", new Object[] {new String[] {"3C:5A:B4:10:22:07"}});
-        ARGUMENTS.put("addLANHostToTrustListJni", new Object[] {new String[] {"F0:18:98:4B:7E:21"}});
-        ARGUMENTS.put("addLANHostToStorageBlackListJni",
-                new Object[] {new String[] {"9C:B6:D0:0A:44:E3"}});
-        String[] stranger = {"02:00:00:00:00:99"};
-        ARGUMENTS.put("deleteLANHostFromBlackListJni", new Object[] {stranger});
-        ARGUMENTS.put("deleteLANHostFromTrustListJni", new Object[] {stranger});
-        ARGUMENTS.put("deleteLANHostFromStorageBlackListJni", new Object[] {stranger});
-        ARGUMENTS.put("setSpeedLimitByFlowJni", new Object[] {1, 0, 0});
-        ARGUMENTS.put("setDSCPRemarkByFlowJni", new Object[] {1, 46});
-        ARGUMENTS.put("deleteLayer3ForwardingStaticJni", new Object[] {99});
-        ARGUMENTS.put("deleteIPv6Layer3ForwardingStaticJni", new Object[] {99});
-        ARGUMENTS.put("vpnOffJni", new Object[] {"203.0.113.250"});
-        ARGUMENTS.put("deleteWLANGuestSSIDJni", new Object[] {7});
-        ARGUMENTS.put("deleteWANIfJni", new Object[] {99});
-        ARGUMENTS.put("setWANIfJni", new Object[] {99, "{}"});
-        ARGUMENTS.put("addWANIfJni", new Object[] {"1", "1", "none of them"});
-        ARGUMENTS.put("vpnOnJni", new Object[] {"", "user", "secret"});
-        ARGUMENTS.put("addWLANGuestSSIDJni", new Object[] {3});
-        ARGUMENTS.put("addFTPAccountJni", new Object[] {"anna", "ftp4anna"});
-        ARGUMENTS.put("deleteFTPAccountJni", new Object[] {"nobody"});
-        ARGUMENTS.put("addSambaAccountJni", new Object[] {"media", "m3dia-share"});
-        ARGUMENTS.put("deleteSambaAccountJni", new Object[] {"nobody"});
-        ARGUMENTS.put("deleteForwardRuleJni", new Object[] {99});
-        ARGUMENTS.put("deleteHTTPTrafficProcessRuleJni", new Object[] {99});
-        ARGUMENTS.put("deleteMirrorRuleJni", new Object[] {99});
     }
 
     /**
@@ -135,15 +93,6 @@ class SoakTest extends GatewayTestBase {
         return true;
     }
 
-    /**
-     * Platform calls that have no harmless form (they empty whole tables, restart the
-     * gateway, or add rules that another thread's delete would race with): the simulated gateway refuses them during the soak, so their natives run
-     * every step of their own and the gateway stays as it was.
-     */
-    private static final List<String> REFUSED = Arrays.asList(
-            "brelo_deleteAllFTPAccount", "brelo_deleteAllSambaAccount", "brelo_reset",
-            "brelo_addForwardRule", "brelo_addHTTPTrafficProcessRule", "brelo_addTrafficToFlow");
-
     private static List<Call> mix;
 
     @BeforeAll
@@ -156,8 +105,7 @@ class SoakTest extends GatewayTestBase {
                 target = m.getDeclaringClass().getDeclaredConstructor().newInstance();
                 services.put(m.getDeclaringClass(), target);
             }
-            Object[] args = ARGUMENTS.get(m.getName());
-            mix.add(new Call(m, target, args != null ? args : DeepStackTest.argumentsFor(m)));
+            mix.add(new Call(m, target, NeutralCalls.argumentsFor(m)));
         }
     }
 
@@ -168,9 +116,7 @@ class SoakTest extends GatewayTestBase {
      */
     private static void expectedReplies() throws Exception {
         defaultGateway();
-        for (String function : REFUSED) {
-            GatewaySim.programResult(function, -1);
-        }
+        NeutralCalls.refuseHarmful();
         for (Call c : mix) {
             c.expected = c.invoke();
         }
