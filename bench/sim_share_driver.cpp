@@ -25,74 +25,18 @@
 #include "sim/sim_control.h"
 #include "tests/fake_jni.h"
 #include "tests/native_catalogue.h"
+#include "tests/sample_arguments.h"
 
 namespace {
 
-const char *const kTexts[] = {
-    "00:11:22:33:44:55",
-    "192.168.1.2",
-    "{\"WANName\":\"1_INTERNET_R_VID_\",\"NumberOfRepetitions\":1,\"Timeout\":1000}",
-    "1",
-    "2.4G",
-    "LAN1",
-    "http://192.0.2.1/file",
-    "5G",
-    "TRUE",
-    "BLOCK",
-    "TCP",
-};
-constexpr int kTextCount = sizeof kTexts / sizeof kTexts[0];
-const jint kInts[] = {1, 0, 2};
-constexpr int kSets = kTextCount * 3;
-
-// Natives whose texts must differ from one another to reach the platform.
-struct Texts {
-  const char *method;
-  const char *texts[4];
-};
-const Texts kOwnTexts[] = {
-    {"addPortMappingJni", {"TCP", "192.168.1.2"}},
-    {"startHttpUploadDiagnosticsJni",
-     {"http://192.0.2.1/upload", "{\"TestFileLength\":1000,\"Connections\":1}"}},
-    {"setLANDHCPInfoJni", {"TRUE", "192.168.1.10", "192.168.1.100"}},
-};
-
-std::vector<catalogue::Arg> arguments(fakejni::FakeJvm &jvm, const catalogue::Native &n, int set) {
-  const char *text = kTexts[set % kTextCount];
-  jint number = kInts[(set / kTextCount) % 3];
-  const Texts *own = nullptr;
-  for (const Texts &t : kOwnTexts)
-    if (strcmp(t.method, n.method) == 0) own = &t;
-  std::vector<catalogue::Arg> args;
-  int text_index = 0;
-  for (const char *p = n.params; *p != '\0'; ++p) {
-    catalogue::Arg a;
-    switch (*p) {
-      case 'I': a.i = number; break;
-      case 'Z': a.z = JNI_TRUE; break;
-      case 'B': a.b = static_cast<jbyte>(number); break;
-      case 'S':
-        a.s = jvm.str(own != nullptr && text_index < 4 && own->texts[text_index] != nullptr
-                          ? own->texts[text_index]
-                          : text);
-        ++text_index;
-        break;
-      case 'A': a.a = jvm.array_of({text}); break;
-      case 'Y': a.y = jvm.bytes_of("\x01\x02\x03\x04"); break;
-      default: break;
-    }
-    args.push_back(a);
-  }
-  if (args.empty()) args.emplace_back();
-  return args;
-}
+constexpr int kSets = samples::kArgSets;
 
 // Distinct platform functions one call makes on the default gateway.
 size_t reach(const catalogue::Native &n, int set) {
   sim_load_default();
   sim_clear_log();
   fakejni::FakeJvm jvm;
-  std::vector<catalogue::Arg> args = arguments(jvm, n, set);
+  std::vector<catalogue::Arg> args = samples::arguments(jvm, n, set);
   n.call(jvm.env(), jvm.self(), args.data());
   std::set<std::string> fns;
   const char *log = sim_log();
@@ -161,10 +105,10 @@ int main(int argc, char **argv) {
     const catalogue::Native &n = catalogue::kNatives[i];
     fakejni::FakeJvm jvm;
     if (warm) {
-      std::vector<catalogue::Arg> args = arguments(jvm, n, best[i]);
+      std::vector<catalogue::Arg> args = samples::arguments(jvm, n, best[i]);
       n.call(jvm.env(), jvm.self(), args.data());
     }
-    std::vector<catalogue::Arg> args = arguments(jvm, n, best[i]);
+    std::vector<catalogue::Arg> args = samples::arguments(jvm, n, best[i]);
     sim_share_measure(&n, jvm.env(), jvm.self(), args.data());
     printf("%zu %s.%s\n", i, n.cls, n.method);
   }

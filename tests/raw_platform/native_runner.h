@@ -11,11 +11,12 @@
 #include <vector>
 
 #include "tests/native_catalogue.h"
+#include "tests/sample_arguments.h"
 
 namespace rawrun {
 
-// Sample argument sets: every parameter of one kind gets the same value of the set.
-constexpr int kArgSets = 33;
+// Sample argument sets (tests/sample_arguments.h).
+constexpr int kArgSets = samples::kArgSets;
 
 struct Outcome {
   std::string reply;               // "int:<n>", "bool:<n>", the text (escaped), or "<null>"
