@@ -52,7 +52,7 @@ endif()
 option(BUNDLE_FLASH "Build the library as shipped on the gateway's flash (size-optimised, LTO)"
        ${flash_default})
 set(BUNDLE_FLASH_COMPILE_OPTIONS -Os -ffunction-sections -fdata-sections
-    -fno-asynchronous-unwind-tables -fno-unwind-tables -fno-ident -flto)
+    -fno-asynchronous-unwind-tables -fno-unwind-tables -fno-ident -flto -ffat-lto-objects)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
   list(APPEND BUNDLE_FLASH_COMPILE_OPTIONS -Wa,-mno-pdr)  # no procedure descriptors in the file
 endif()
