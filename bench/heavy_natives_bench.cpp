@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/bench_gateways.h"
 #include "sim/sim_control.h"
 #include "tests/fake_jni.h"
 
@@ -48,25 +49,8 @@ namespace {
 std::vector<std::string> g_macs;         // the hosts' MAC texts
 std::vector<std::string> g_destinations;  // the VPN destinations
 
-// Hosts as lan_host_bench makes them: names of 14-23 characters, every other one with an IPv6
-// address, all online.
-void hosts(int n) {
-  g_macs.clear();
-  for (int i = 0; i < n; ++i) {
-    std::string s = "host " + std::to_string(i + 1);
-    char mac[18];
-    snprintf(mac, sizeof mac, "3C:5A:B4:%02X:%02X:%02X", (i * 37) & 0xFF, (i >> 8) & 0xFF, i & 0xFF);
-    g_macs.push_back(mac);
-    sim_set(s.c_str(), "mac", mac);
-    sim_set(s.c_str(), "dhcp_name", ("android-" + std::to_string(100000 + i * 7919)).c_str());
-    sim_set(s.c_str(), "device_name", ("Living room device " + std::to_string(i)).c_str());
-    sim_set(s.c_str(), "ip", ("192.168." + std::to_string(1 + i / 250) + "." + std::to_string(2 + i % 250)).c_str());
-    sim_set(s.c_str(), "ipv6", i % 2 ? ("2001:db8:1::" + std::to_string(i)).c_str() : "");
-    sim_set(s.c_str(), "port", std::to_string(1 + i % 12).c_str());
-    sim_set(s.c_str(), "online_time", std::to_string(i * 61).c_str());
-    sim_set(s.c_str(), "class_code", "0");
-  }
-}
+// Hosts as lan_host_bench makes them.
+void hosts(int n) { g_macs = benchgw::lan_hosts(n); }
 
 // Access points on the 2.4 GHz radio with SSIDs of 11-14 characters, one in four needing HTML
 // escapes.
@@ -114,22 +98,8 @@ void port_mappings(int wans) {
   sim_set("tcapi WanInfo_Common", "ValidIFIndex", valid.c_str());
 }
 
-// The monitoring tree as traffic_monitoring_bench makes it: 8 groups of 4 PVC numbers, the
-// first `owned` of them owned by a bundle, each holding 4 x 255 = 1020 addresses.
-void monitoring_tree(int addresses) {
-  int owned = addresses / 1020;
-  for (int pvc = 0; pvc < owned * 4; ++pvc) {
-    if (pvc % 4 == 0) {
-      std::string node = "tcapi TrafficMonitoring_PVC" + std::to_string(pvc);
-      sim_set(node.c_str(), "bundleName", ("com.example.bundle" + std::to_string(pvc / 4)).c_str());
-    }
-    for (int e = 0; e < 255; ++e) {
-      std::string node = "tcapi TrafficMonitoring_PVC" + std::to_string(pvc) + "_Entry" + std::to_string(e);
-      std::string address = "10." + std::to_string(pvc / 4) + "." + std::to_string(pvc) + "." + std::to_string(e);
-      sim_set(node.c_str(), "destAddressList", address.c_str());
-    }
-  }
-}
+// The monitoring tree as traffic_monitoring_bench makes it: 1020 addresses per owned group.
+void monitoring_tree(int addresses) { benchgw::monitoring_tree(addresses / 1020); }
 
 // IPv4 destinations of 8-11 characters ("10.<a>.<b>.<c>").
 void vpn_destinations(int n) {

@@ -16,6 +16,7 @@
 
 #include "common/array_readers.h"
 #include "common/platform_lan.h"
+#include "bench/bench_gateways.h"
 #include "sim/sim_control.h"
 #include "tests/fake_jni.h"
 
@@ -32,21 +33,7 @@ std::vector<std::string> g_macs;
 
 void load_hosts(int n) {
   sim_reset();
-  g_macs.clear();
-  for (int i = 0; i < n; ++i) {
-    std::string s = "host " + std::to_string(i + 1);
-    char mac[18];
-    snprintf(mac, sizeof mac, "3C:5A:B4:%02X:%02X:%02X", (i * 37) & 0xFF, (i >> 8) & 0xFF, i & 0xFF);
-    g_macs.push_back(mac);
-    sim_set(s.c_str(), "mac", mac);
-    sim_set(s.c_str(), "dhcp_name", ("android-" + std::to_string(100000 + i * 7919)).c_str());
-    sim_set(s.c_str(), "device_name", ("Living room device " + std::to_string(i)).c_str());
-    sim_set(s.c_str(), "ip", ("192.168." + std::to_string(1 + i / 250) + "." + std::to_string(2 + i % 250)).c_str());
-    sim_set(s.c_str(), "ipv6", i % 2 ? ("2001:db8:1::" + std::to_string(i)).c_str() : "");
-    sim_set(s.c_str(), "port", std::to_string(1 + i % 12).c_str());
-    sim_set(s.c_str(), "online_time", std::to_string(i * 61).c_str());
-    sim_set(s.c_str(), "class_code", "0");
-  }
+  g_macs = benchgw::lan_hosts(n);
 }
 
 size_t class_query(fakejni::FakeJvm &jvm) {

@@ -17,6 +17,7 @@
 
 #include "common/platform_addrcheck.h"
 #include "common/platform_tcapi.h"
+#include "bench/bench_gateways.h"
 #include "sim/sim_control.h"
 #include "tests/fake_jni.h"
 
@@ -30,17 +31,7 @@ namespace {
 
 void load_full_tree() {
   sim_reset();
-  for (int pvc = 0; pvc < 32; ++pvc) {
-    if (pvc % 4 == 0) {
-      std::string node = "tcapi TrafficMonitoring_PVC" + std::to_string(pvc);
-      sim_set(node.c_str(), "bundleName", ("com.example.bundle" + std::to_string(pvc / 4)).c_str());
-    }
-    for (int e = 0; e < 255; ++e) {
-      std::string node = "tcapi TrafficMonitoring_PVC" + std::to_string(pvc) + "_Entry" + std::to_string(e);
-      std::string address = "10." + std::to_string(pvc / 4) + "." + std::to_string(pvc) + "." + std::to_string(e);
-      sim_set(node.c_str(), "destAddressList", address.c_str());
-    }
-  }
+  benchgw::monitoring_tree(8);
 }
 
 size_t query(fakejni::FakeJvm &jvm) {
