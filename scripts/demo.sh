@@ -13,5 +13,5 @@ cmake --build "$build" -j"$(nproc)" >/dev/null
 echo "== libbundle_sc.so against the default simulated gateway (sim/gateway/*.ini)"
 # libgatewayhost.so: the simulated gateway's route tool and resolver, never the machine's.
 BRELO_SIM_SAVE="$build/sim/tcapi-saved.ini" LD_PRELOAD="$build/lib/libgatewayhost.so" \
-  java -Xcheck:jni -Djava.library.path="$build/lib" -cp "$build/java/classes" \
+  java -Xcheck:jni -Djava.library.path="$build/lib" -cp "$build/java/classes:/usr/share/java/gson.jar" \
   bundlesc.console.BridgeConsole --batch "$here/scripts/demo.batch"
