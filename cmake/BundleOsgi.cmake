@@ -128,3 +128,85 @@ Bundle-NativeCode: ${native_dir_x86_64}/libgatewaysim_jni.so;osname=Linux;proces
   add_custom_target(sim_bundle ALL DEPENDS "${BUNDLE_SIM_JAR}")
   add_dependencies(sim_bundle java_classes)
 endif()
+
+# ---- The osgi.* tier
+if(NOT bundle_java_tests OR NOT TARGET sim_bundle)
+  return()
+endif()
+
+# The probe bundles (java/osgi/probe): the same classes under two symbolic names, so two
+# bundles can call at once. They import the six service packages and the simulator's.
+set(probe_imports "")
+foreach(pkg IN LISTS BUNDLE_PACKAGES)
+  string(APPEND probe_imports "com.lumarest.smartgateway.${pkg};version=\"[1.0,2)\",\n ")
+endforeach()
+string(APPEND probe_imports "bundlesc.sim;version=\"[1.0,2)\",\n org.osgi.framework;version=\"[1.5,2)\"")
+file(GLOB_RECURSE probe_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/osgi/probe/*.java")
+set(probe_stage "${osgi_out}/test/probe")
+set(probe_jars "")
+set(probe_commands "")
+foreach(name a b)
+  set(probe_manifest "${osgi_out}/test/probe-${name}.MF")
+  file(CONFIGURE OUTPUT "${probe_manifest}" CONTENT "Manifest-Version: 1.0
+Bundle-ManifestVersion: 2
+Bundle-SymbolicName: bundlesc.osgi.probe.${name}
+Bundle-Version: ${bundle_version}
+Bundle-Name: Bridge test bundle ${name}
+${java8_headers}Bundle-Activator: bundlesc.osgi.probe.ProbeActivator
+Import-Package: ${probe_imports}
+" @ONLY)
+  list(APPEND probe_jars "${osgi_out}/test/bundlesc.osgi.probe.${name}.jar")
+  list(APPEND probe_commands
+    COMMAND ${BUNDLE_JAR_TOOL} --create --file "${osgi_out}/test/bundlesc.osgi.probe.${name}.jar"
+            --manifest "${probe_manifest}" -C "${probe_stage}" .)
+endforeach()
+set(harness_classes "${osgi_out}/test/harness")
+set(foreign_jar "com.lumarest.smartgateway.bridge-foreign.jar")
+file(GLOB_RECURSE harness_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/osgi/harness/*.java")
+add_custom_command(OUTPUT ${probe_jars} "${osgi_out}/test/harness.stamp"
+  COMMAND ${CMAKE_COMMAND} -E rm -rf "${probe_stage}" "${harness_classes}"
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+          -cp "${BUNDLE_FELIX_JAR}:${BUNDLE_JAVA_CLASSES}" -d "${probe_stage}" ${probe_sources}
+  ${probe_commands}
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 11 -encoding UTF-8 -Xlint:all -Xlint:-options
+          -cp "${BUNDLE_FELIX_JAR}" -d "${harness_classes}" ${harness_sources}
+  # The bridge bundle with a native clause for another processor only.
+  COMMAND ${BUNDLE_JAR_TOOL} --create --file "${osgi_out}/test/${foreign_jar}"
+          --manifest "${osgi_out}/bridge-foreign.MF" -C "${bridge_stage}" .
+  COMMAND ${CMAKE_COMMAND} -E touch "${osgi_out}/test/harness.stamp"
+  DEPENDS ${probe_sources} ${harness_sources} "${CMAKE_BINARY_DIR}/java/classes.stamp"
+          "${BUNDLE_BRIDGE_JAR}" "${osgi_out}/bridge-foreign.MF"
+          "${osgi_out}/test/probe-a.MF" "${osgi_out}/test/probe-b.MF"
+  COMMENT "OSGi test bundles and harness"
+  VERBATIM)
+add_custom_target(osgi_test_bundles ALL DEPENDS ${probe_jars} "${osgi_out}/test/harness.stamp")
+add_dependencies(osgi_test_bundles java_classes bridge_bundle sim_bundle)
+
+set(osgi_native_count ${exported_native_count})
+set(osgi_tests calls concurrent lifecycle early-call installed-twice foreign-processor
+               no-platform-library)
+set(osgi_test_names "")
+foreach(scenario IN LISTS osgi_tests)
+  add_test(NAME osgi.${scenario}
+    COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni
+            --add-opens java.base/java.net=ALL-UNNAMED --add-opens java.base/java.security=ALL-UNNAMED
+            -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+            -Dbundlesc.osgi.dir=${osgi_out}
+            -Dbundlesc.osgi.classes=${BUNDLE_JAVA_CLASSES}
+            -Dbundlesc.osgi.properties=${CMAKE_SOURCE_DIR}/java/osgi/framework.properties
+            -Dbundlesc.osgi.natives=${osgi_native_count}
+            -cp "${BUNDLE_FELIX_JAR}:${harness_classes}" bundlesc.osgi.FelixHarness ${scenario})
+  list(APPEND osgi_test_names osgi.${scenario})
+  # The bundles' libraries have no RUNPATH: the simulator's lib dir is on the loader's path,
+  # as the box launcher sets it; the bad-input test leaves it off.
+  if(scenario STREQUAL "no-platform-library")
+    set(library_path "")
+  else()
+    set(library_path "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+  endif()
+  set_tests_properties(osgi.${scenario} PROPERTIES
+    ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_LIBRARY_PATH=${library_path};LD_PRELOAD=$<TARGET_FILE:gatewayhost>")
+endforeach()
+set_tests_properties(${osgi_test_names} PROPERTIES
+  RESOURCE_LOCK gateway_flag_files
+  FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
