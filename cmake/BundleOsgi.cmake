@@ -73,8 +73,10 @@ set(bridge_mips_commands "")
 set(bridge_mips_depends "")
 if(BUNDLE_OSGI_MIPS)
   set(mips_library "${CMAKE_BINARY_DIR}/tier-mips/lib/libbundle_sc.so")
+  # Stripped: the library as it ships on the gateway's flash.
+  find_program(BUNDLE_MIPS_STRIP mips-linux-gnu-strip REQUIRED)
   set(bridge_mips_commands
-    COMMAND ${CMAKE_COMMAND} -DFROM=${mips_library}
+    COMMAND ${CMAKE_COMMAND} -DFROM=${mips_library} -DSTRIP=${BUNDLE_MIPS_STRIP}
             -DTO=${bridge_stage}/${native_dir_mips}/libbundle_sc.so -P "${stage_native}")
   # The tier is an external project: its done stamp is touched whenever it has been built.
   set(bridge_mips_depends "${CMAKE_BINARY_DIR}/tier_mips-prefix/src/tier_mips-stamp/tier_mips-done")
@@ -207,6 +209,10 @@ foreach(scenario IN LISTS osgi_tests)
   set_tests_properties(osgi.${scenario} PROPERTIES
     ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_LIBRARY_PATH=${library_path};LD_PRELOAD=$<TARGET_FILE:gatewayhost>")
 endforeach()
+add_test(NAME osgi.bundle-contents
+  COMMAND ${CMAKE_COMMAND} -DJAR=${BUNDLE_BRIDGE_JAR} -DOUT=${osgi_out}/test/contents
+          -DMIPS=${BUNDLE_OSGI_MIPS} "-DPACKAGES=${BUNDLE_PACKAGES}"
+          -P "${CMAKE_SOURCE_DIR}/cmake/osgi_check_bundle.cmake")
 set_tests_properties(${osgi_test_names} PROPERTIES
   RESOURCE_LOCK gateway_flag_files
   FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
