@@ -450,6 +450,7 @@ public final class FelixHarness {
             check(text.contains("com.lumarest.smartgateway."), "the error names the missing "
                     + "service package");
         }
+        check(probe.getState() == Bundle.INSTALLED, "the calling bundle stays installed");
         check(framework.getState() == Bundle.ACTIVE, "the framework is still running");
         // Installed but not started: the framework resolves the bridge for its importer, and
         // the service classes load the library themselves; no start is needed to call.
