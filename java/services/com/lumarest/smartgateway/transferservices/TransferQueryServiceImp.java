@@ -8,8 +8,9 @@ package com.lumarest.smartgateway.transferservices;
  * <p>Every method asks the gateway platform once and answers a text: the list queries a JSON
  * object whose first member {@code "Result"} is 0 on success and -1 on failure, the IPTV query
  * a bare status name. Texts from the platform are placed in the replies as they are, without
- * JSON escaping. The methods keep no state and may be called from any thread. The class loads
- * the native library {@code libbundle_sc.so} when it is first used.
+ * JSON escaping (a library built with its hardened profile escapes them). The methods keep no
+ * state and may be called from any thread. The class loads the native library
+ * {@code libbundle_sc.so} when it is first used.
  */
 public class TransferQueryServiceImp {
     static {
