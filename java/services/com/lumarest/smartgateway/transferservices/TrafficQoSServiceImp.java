@@ -22,8 +22,8 @@ public class TrafficQoSServiceImp {
     /**
      * Adds traffic (a remote address and port) to a flow.
      *
-     * <p>Neither text is checked here: both are handed to the platform as they are, which
-     * checks them. A null text reaches the platform as no text at all.
+     * <p>Neither text is checked here: both are handed to the platform as they are, and the
+     * platform checks them. A null text reaches the platform as no text at all.
      *
      * @param remoteAddress the remote address of the traffic, e.g. "192.0.2.77"; null is
      *            passed on as no address
