@@ -110,3 +110,6 @@ if(bundle_java_tests)
     ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
+
+# The Javadoc reference of the service classes, its overview and its checked examples.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
