@@ -18,7 +18,6 @@ set(BUNDLE_DOCUMENTED_PACKAGES accessservices addressservices)
 set(reference_packages lanservices accessservices addressservices commservices transferservices voipservices)
 set(reference_dir "${java_out}/reference")
 set(reference_work "${java_out}/reference-work")
-set(reference_tool_classes "${reference_work}/tool-classes")
 set(BUNDLE_REFERENCE_EXAMPLES "${reference_work}/examples.txt")
 set(reference_overview "${reference_work}/overview.html")
 set(BUNDLE_REFERENCE_JAR "${CMAKE_BINARY_DIR}/osgi/com.lumarest.smartgateway.bridge-javadoc.jar")
@@ -32,7 +31,6 @@ if(NOT Java_JAR_EXECUTABLE)
   find_program(Java_JAR_EXECUTABLE jar HINTS "${java_bin_dir}" REQUIRED)
 endif()
 
-file(GLOB_RECURSE reference_tool_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/doc/*.java")
 set(service_sources "")
 foreach(pkg IN LISTS reference_packages)
   file(GLOB pkg_sources CONFIGURE_DEPENDS
@@ -40,25 +38,18 @@ foreach(pkg IN LISTS reference_packages)
   list(APPEND service_sources ${pkg_sources})
 endforeach()
 
-# The tool that reads the doc comments: examples file and overview page.
-add_custom_command(OUTPUT "${reference_work}/tool.stamp"
-  COMMAND ${CMAKE_COMMAND} -E rm -rf "${reference_tool_classes}"
-  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
-          -d "${reference_tool_classes}" ${reference_tool_sources}
-  COMMAND ${CMAKE_COMMAND} -E touch "${reference_work}/tool.stamp"
-  DEPENDS ${reference_tool_sources}
-  COMMENT "Compiling the reference tool"
-  VERBATIM)
+# The tool (java/doc, compiled with the other classes) that reads the doc comments: the
+# examples file and the overview page.
 set(documented_args "")
 if(BUNDLE_DOCUMENTED_PACKAGES)
   string(REPLACE ";" "," documented_list "${BUNDLE_DOCUMENTED_PACKAGES}")
   set(documented_args --documented "${documented_list}")
 endif()
 add_custom_command(OUTPUT "${BUNDLE_REFERENCE_EXAMPLES}" "${reference_overview}"
-  COMMAND ${Java_JAVA_EXECUTABLE} -cp "${reference_tool_classes}" bundlesc.doc.ReferenceTool
+  COMMAND ${Java_JAVA_EXECUTABLE} -cp "${BUNDLE_JAVA_CLASSES}" bundlesc.doc.ReferenceTool
           --sources "${CMAKE_SOURCE_DIR}/java/services" --examples "${BUNDLE_REFERENCE_EXAMPLES}"
           --overview "${reference_overview}" ${documented_args}
-  DEPENDS "${reference_work}/tool.stamp" ${service_sources}
+  DEPENDS "${java_out}/classes.stamp" ${service_sources}
   COMMENT "Collecting the natives' examples and the reply overview"
   VERBATIM)
 
@@ -101,6 +92,7 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
   VERBATIM)
 add_custom_target(reference ALL
   DEPENDS "${reference_work}/javadoc.stamp" "${BUNDLE_REFERENCE_EXAMPLES}")
+add_dependencies(reference java_classes)
 
 if(bundle_java_tests)
   # Every documented example against the default simulated gateway, through the console.

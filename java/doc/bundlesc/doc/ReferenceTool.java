@@ -128,7 +128,11 @@ public final class ReferenceTool {
         StringBuilder b = new StringBuilder();
         b.append("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<title>Gateway service bridge</title>\n</head>\n<body>\n");
         b.append(INTRODUCTION);
-        for (String pkg : ReferenceSources.PACKAGES) {
+        Set<String> packages = new LinkedHashSet<String>();
+        for (NativeDoc n : natives) {
+            packages.add(n.packageName);
+        }
+        for (String pkg : packages) {
             List<NativeDoc> ofPackage = new ArrayList<NativeDoc>();
             for (NativeDoc n : natives) {
                 if (n.packageName.equals(pkg)) {
