@@ -78,6 +78,7 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
           -quiet -Werror ${doclint_options}
           -tag "example:m:Example (default simulated gateway):"
           -overview "${reference_overview}"
+          --add-stylesheet "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
           -doctitle "${reference_title}"
           -windowtitle "Gateway service bridge"
           -notimestamp -nodeprecatedlist
@@ -86,7 +87,7 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
   COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_BINARY_DIR}/osgi"
   COMMAND ${Java_JAR_EXECUTABLE} --create --no-manifest --file "${BUNDLE_REFERENCE_JAR}" -C "${reference_dir}" .
   COMMAND ${CMAKE_COMMAND} -E touch "${reference_work}/javadoc.stamp"
-  DEPENDS ${service_sources} "${reference_overview}"
+  DEPENDS ${service_sources} "${reference_overview}" "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
   BYPRODUCTS "${BUNDLE_REFERENCE_JAR}"
   COMMENT "Building the reference (javadoc, doclint, no warnings) and its jar"
   VERBATIM)
