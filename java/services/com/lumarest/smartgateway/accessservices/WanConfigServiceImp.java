@@ -28,9 +28,9 @@ public class WanConfigServiceImp {
      * @param connectionType the connection type: "IP_Routed", "IP_Bridged", "PPPoE_Bridged",
      *                       "PPPoE_Routed" or "PPPoE_Hybrid"; at most 31 characters; null is
      *                       refused
-     * @return the new connection's WAN index as the gateway gives it; -1 when a text is null
-     *         or longer than 31 characters (the gateway is then not asked), or when the
-     *         gateway refuses the connection
+     * @return -1 when a text is null or longer than 31 characters (the gateway is then not
+     *         asked); else what the gateway answers: the new connection's WAN index, or its
+     *         error value (-1) when it refuses the connection
      * @example <pre>{@code
      * addWANIfJni "2" "50" "PPPoE_Routed"
      * 5

@@ -20,11 +20,12 @@ public class LANIPConfigServiceImp {
      * reach it at the new address once the gateway has applied it.
      *
      * @param address the gateway's new LAN address as dotted text, for example
-     *                "192.168.1.1"; must not be null
-     * @param mask    the LAN subnet mask as dotted text, for example "255.255.255.0"; must not
-     *                be null
-     * @return the gateway's status, unchanged: 0 when the address was set, any other value
-     *         when the gateway refused it
+     *                "192.168.1.1"; null is refused
+     * @param mask    the LAN subnet mask as dotted text, for example "255.255.255.0"; null is
+     *                refused
+     * @return -1 when a text is null (the gateway is not asked); else the gateway's status,
+     *         unchanged: 0 when the address was set, any other value when the gateway refused
+     *         it
      * @example <pre>{@code
      * setLANHostIPJni "192.168.1.1" "255.255.255.0"
      * 0
@@ -43,13 +44,14 @@ public class LANIPConfigServiceImp {
      *
      * @param enable       "TRUE" to run the DHCP server, "FALSE" to stop it, compared without
      *                     regard to case ("true" and "True" are accepted); any other text
-     *                     (such as "1" or "yes") is refused; must not be null
+     *                     (such as "1" or "yes") and null are refused
      * @param startAddress first address of the pool handed out to LAN hosts, dotted text such
-     *                     as "192.168.1.2"; must not be null
-     * @param endAddress   last address of the pool, dotted text such as "192.168.1.254"; must
-     *                     not be null
+     *                     as "192.168.1.2"; null is refused
+     * @param endAddress   last address of the pool, dotted text such as "192.168.1.254"; null
+     *                     is refused
      * @param duration     lease duration in the gateway's unit, passed through unchanged
-     * @return -1 when the enable text is neither "TRUE" nor "FALSE" (nothing changed); else
+     * @return -1 when the enable text is neither "TRUE" nor "FALSE", or a text is null
+     *         (nothing changed); else
      *         the gateway's status, unchanged: 0 when the settings were applied, any other
      *         value when the gateway refused them
      * @example <pre>{@code
