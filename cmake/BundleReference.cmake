@@ -85,7 +85,7 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
           -sourcepath "${CMAKE_SOURCE_DIR}/java/services" -d "${reference_dir}"
           ${service_sources}
   COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_BINARY_DIR}/osgi"
-  COMMAND ${Java_JAR_EXECUTABLE} --create --no-manifest --file "${BUNDLE_REFERENCE_JAR}" -C "${reference_dir}" .
+  COMMAND ${Java_JAR_EXECUTABLE} --create --file "${BUNDLE_REFERENCE_JAR}" -C "${reference_dir}" .
   COMMAND ${CMAKE_COMMAND} -E touch "${reference_work}/javadoc.stamp"
   DEPENDS ${service_sources} "${reference_overview}" "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
   BYPRODUCTS "${BUNDLE_REFERENCE_JAR}"
