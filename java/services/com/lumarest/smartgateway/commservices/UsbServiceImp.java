@@ -44,11 +44,14 @@ public class UsbServiceImp {
     public native int usbRegisterJni(String listenerName, int deviceTypeMask);
 
     /**
-     * Withdraws a listener's registration for USB device events, for every device type.
+     * Withdraws a listener's registration for USB device events.
+     *
+     * <p>The gateway is asked to withdraw the listener by its name alone; the mask is not
+     * passed on.
      *
      * @param listenerName the name the listener registered with; null gives -1 without asking
      *                     the gateway
-     * @param deviceTypeMask not used: the listener is withdrawn for every type; any value
+     * @param deviceTypeMask not used; any value
      * @return 0 when the gateway withdrew the listener; -1 for a null name or when the gateway
      *         refused
      */
