@@ -17,7 +17,7 @@ package com.lumarest.smartgateway.lanservices;
  * an array of nothing but empty texts all count as no entries; but as soon as one text is
  * non-empty every element counts, the empty ones included. A null element ends the reading and
  * the array then counts as no entries. When the virtual machine cannot provide an element's text
- * (an exception is then pending) a method returns -1 without asking the platform.
+ * (an exception is then pending) a method returns -1 and changes nothing.
  *
  * <p>Adding is always attempted, whatever the mode; removing from the network black list or the
  * trust list is refused unless the filter is in the matching mode. This asymmetry is part of the
