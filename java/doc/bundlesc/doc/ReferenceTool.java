@@ -140,7 +140,7 @@ public final class ReferenceTool {
                 }
             }
             String qualified = ReferenceSources.BASE_PACKAGE + "." + pkg;
-            b.append("<h2 id=\"package-").append(pkg).append("\">Package {@link ").append(qualified).append("}</h2>\n");
+            b.append("<h1 id=\"package-").append(pkg).append("\">Package {@link ").append(qualified).append("}</h1>\n");
             b.append("<table class=\"striped\">\n<caption>The natives of ").append(qualified).append(" (")
                     .append(ofPackage.size()).append(")</caption>\n");
             b.append("<thead><tr><th scope=\"col\">Native</th><th scope=\"col\">Java signature</th>"
