@@ -114,3 +114,6 @@ endif()
 
 # The Javadoc reference of the service classes, its overview and its checked examples.
 include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
+
+# The bridge and simulator bundles, and the osgi.* tier.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleOsgi.cmake")
