@@ -2,19 +2,21 @@
 # bundle, and the osgi.box-* tests that start Felix with the Gogo shell, the bridge bundle, the
 # simulator bundle and the console bundle (scripts/gateway-box.sh) and run shell commands in it.
 
-set(BUNDLE_FELIX_JAR "/usr/share/java/org.apache.felix.main.jar" CACHE FILEPATH
-    "Felix launcher jar with the OSGi framework API (Debian: felix-main)")
-if(NOT EXISTS "${BUNDLE_FELIX_JAR}")
-  message(FATAL_ERROR "Felix not found at ${BUNDLE_FELIX_JAR} (Debian package felix-main)")
-endif()
-if(NOT TARGET bridge_bundle)
-  include("${CMAKE_CURRENT_LIST_DIR}/BundleBoxStandins.cmake")
+# The box runs Debian's Felix launcher (felix-main) and Gogo bundles; bundles compile against
+# the framework API of BUNDLE_FELIX_JAR (cmake/BundleOsgi.cmake).
+set(BUNDLE_FELIX_MAIN_JAR "/usr/share/java/org.apache.felix.main.jar" CACHE FILEPATH
+    "Felix launcher jar (Debian: felix-main)")
+if(NOT EXISTS "${BUNDLE_FELIX_MAIN_JAR}")
+  message(FATAL_ERROR "the Felix launcher is not at ${BUNDLE_FELIX_MAIN_JAR} (Debian package felix-main)")
 endif()
 
 set(box_dir "${CMAKE_BINARY_DIR}/osgi/box")
 set(BUNDLE_CONSOLE_JAR "${CMAKE_BINARY_DIR}/osgi/bundlesc.console.jar")
 set(BUNDLE_SAMPLE_JAR "${CMAKE_BINARY_DIR}/osgi/samples/lanhosts.jar")
 set(box_osgi_cp "${BUNDLE_FELIX_JAR}")
+if(NOT TARGET bridge_bundle OR NOT TARGET sim_bundle)
+  message(FATAL_ERROR "the gateway in a box needs the bridge and simulator bundles (cmake/BundleOsgi.cmake)")
+endif()
 
 # The console bundle: the console's classes (and its catalog) with the shell commands of
 # java/box/, importing the six service packages from the bridge bundle and the simulator's
@@ -42,7 +44,7 @@ add_custom_command(OUTPUT "${BUNDLE_CONSOLE_JAR}"
   DEPENDS "${java_out}/classes.stamp" ${box_sources} "${box_dir}/console.mf"
   COMMENT "Packing the console bundle with the shell commands")
 add_custom_target(console_bundle ALL DEPENDS "${BUNDLE_CONSOLE_JAR}")
-add_dependencies(console_bundle java_classes)
+add_dependencies(console_bundle java_classes bridge_bundle sim_bundle)
 
 # The sample bundle, built as a bundle developer builds one: its sources and manifest against
 # the service classes and the framework API.
@@ -59,7 +61,7 @@ add_custom_command(OUTPUT "${BUNDLE_SAMPLE_JAR}"
 add_custom_target(sample_bundles ALL DEPENDS "${BUNDLE_SAMPLE_JAR}")
 add_dependencies(sample_bundles java_classes)
 
-if(bundle_java_tests AND TARGET sim_bundle)
+if(bundle_java_tests)
   # tests/osgi/box/<name>.gosh: shell commands, one a line (@BUNDLE_SAMPLE_JAR@ and the like
   # replaced); <name>.expect: texts the output must hold, in that order, separated by lines
   # "----". Each test starts the box (a fresh framework cache and a fresh default gateway).
