@@ -80,7 +80,7 @@ else
    bridge:call CLASS METHOD [ARG...]      e.g. bridge:call DeviceInfoQueryService getDeviceInfoJni
    sim:get SECTION KEY, sim:set SECTION KEY VALUE, sim:log, sim:clearlog, sim:reset, sim:load
    the sample bundle: install file:$osgi/samples/lanhosts.jar   then: start <its id>
-   lb lists the bundles; exit (or Ctrl-D) stops the framework.
+   lb lists the bundles; stop 0 (or Ctrl-D) stops the framework.
 HINT
 fi
 
