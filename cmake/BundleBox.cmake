@@ -76,6 +76,7 @@ if(bundle_java_tests)
               -P "${CMAKE_SOURCE_DIR}/cmake/check_box.cmake")
     set_tests_properties(osgi.box-${name} PROPERTIES
       RESOURCE_LOCK gateway_flag_files TIMEOUT 180
-      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+      # JNI misuse, a bundle the framework could not start, a shell command that threw.
+      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|ERROR: Bundle|gogo: ")
   endforeach()
 endif()
