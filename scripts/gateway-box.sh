@@ -20,7 +20,7 @@ while (($#)); do
     --no-build) do_build=0; shift ;;
     --run) commands=$2; shift 2 ;;
     --script) script=$2; shift 2 ;;
-    -h|--help) sed -n '2,11p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
+    -h|--help) sed -n '2,10p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
     *) echo "gateway-box.sh: unknown argument $1 (--help shows the usage)" >&2; exit 2 ;;
   esac
 done
