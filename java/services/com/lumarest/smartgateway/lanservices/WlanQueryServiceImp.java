@@ -35,7 +35,8 @@ public class WlanQueryServiceImp {
      *         JSON strings: {@code "Enable"} ({@code "TRUE"} when the SSID is switched on),
      *         {@code "BSSID"} (the access point's MAC text), {@code "SSIDName"} (the name as the
      *         platform gives it, without JSON escaping, so a name holding a double quote or a
-     *         backslash makes the reply invalid JSON), {@code "SSIDAdvertisementEnabled"}
+     *         backslash makes the reply invalid JSON; a library built with its hardened
+     *         profile escapes it), {@code "SSIDAdvertisementEnabled"}
      *         ({@code "TRUE"} when the name is advertised, {@code "FALSE"} when the SSID is
      *         hidden), {@code "Standard"} (a standard name, see the class comment) and
      *         {@code "EncryptionMode"} ({@code "OPEN"}, {@code "WEP"}, {@code "WPAPSK"},
