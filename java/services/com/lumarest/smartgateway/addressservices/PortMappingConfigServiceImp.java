@@ -14,6 +14,10 @@ package com.lumarest.smartgateway.addressservices;
  * <p>A connection is named by its WAN index, the number the gateway's WAN connections list
  * shows; a rule by its port-mapping index, 1 to 10, as
  * {@link PortMappingQueryServiceImp#getPortMappingInfoJni()} lists it.
+ *
+ * <p>Every method runs on the calling thread; only
+ * {@link #addPortMappingJni(int, int, int, String, String)} may block, while a host name given
+ * as the internal client is resolved. None runs commands.
  */
 public class PortMappingConfigServiceImp {
     static {
@@ -30,9 +34,10 @@ public class PortMappingConfigServiceImp {
      * service is exactly "TR069") is refused. When the internal client is a host name, the
      * calling thread blocks while the gateway resolves it.
      *
-     * <p>The strings are deliberately never released when they are refused (an invalid
-     * protocol, or an internal client that is not an acceptable address): a small leak of
-     * JVM-held string memory on each such call, which a caller avoids by checking them first.
+     * <p>A refused string is deliberately never given back to the virtual machine: the
+     * protocol text when the protocol is refused, the internal client text when the client is
+     * not an acceptable address. Its modified-UTF-8 copy stays allocated for the life of the
+     * string, a small leak on each such call, which a caller avoids by checking them first.
      *
      * @param wanIndex       WAN index of the connection (0 or more; a negative index is
      *                       refused; an index the gateway does not know is refused)
