@@ -167,7 +167,7 @@ public class WlanQueryServiceImp {
      *             element ends the reading and the array then counts as empty.
      * @return {@code {"Result":0,"List":[...]}}, one object per station with these members, in
      *         order: {@code "SSIDIndex"} (a bare number), {@code "SSIDName"} (the SSID's name
-     *         without JSON escaping), {@code "MAC"} (the station's MAC text as the platform gives
+     *         without JSON escaping, as in {@link #getWLANSSIDInfoJni(int)}), {@code "MAC"} (the station's MAC text as the platform gives
      *         it), {@code "RSSI"}, {@code "RxRate"} and {@code "TxRate"} (numbers in JSON strings;
      *         the rates always {@code "0"}) and {@code "Standard"} (the SSID's standard name, see
      *         the class comment). A station whose SSID cannot be queried gives an all-zero entry.
