@@ -48,7 +48,7 @@ public class IPPingDiagnosticsServiceImp {
      * @return a JSON object; when the test has completed: "Result" (number, 0),
      *         "SuccessCount" and "FailureCount" (bare numbers, echoes answered and lost),
      *         "AverageResponseTime", "MinimumResponseTime" and "MaximumResponseTime" (bare
-     *         numbers, as the gateway measures them). While the test runs:
+     *         numbers, as the gateway measures them), all unsigned 32-bit. While the test runs:
      *         {@code {"Result":-2,"FailReason":"Ping diagonostics not completed"}}; when it
      *         failed: {@code {"Result":-1,"FailReason":"Ping diagonostics fail"}} (the word
      *         "diagonostics" is spelt so in the interface).

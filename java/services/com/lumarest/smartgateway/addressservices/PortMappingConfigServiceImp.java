@@ -48,8 +48,11 @@ public class PortMappingConfigServiceImp {
      * @param internalClient the LAN host receiving the traffic: a dotted IPv4 address whose
      *                       first number is 1 to 223, the middle ones at most 255 and the last
      *                       at most 254 (or exactly "0.0.0.0"), optionally followed by "/" and a
-     *                       prefix length up to 32 ("10.0.0.1/24"); or a host name of at most 64
-     *                       characters that the gateway can resolve; null is refused
+     *                       prefix length up to 32 ("10.0.0.1/24"; an empty one is accepted);
+     *                       or a host name of at most 64 bytes that the gateway can resolve. A
+     *                       text shaped like four groups of 1 to 3 digits joined by any single
+     *                       characters ("10-0-0-1") is judged as an address and never resolved.
+     *                       The rule stores the text as given. Null is refused
      * @return 0 when the rule was added; -1 when an argument was refused (negative WAN index,
      *         port out of range, protocol, internal client, unknown WAN index, management
      *         connection); -2 when the connection already holds ten rules
