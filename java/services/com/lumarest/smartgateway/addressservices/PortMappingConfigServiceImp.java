@@ -52,7 +52,8 @@ public class PortMappingConfigServiceImp {
      *                       or a host name of at most 64 bytes that the gateway can resolve. A
      *                       text shaped like four groups of 1 to 3 digits joined by any single
      *                       characters ("10-0-0-1") is judged as an address and never resolved.
-     *                       The rule stores the text as given. Null is refused
+     *                       The rule stores the text as given, cut to its first 31 bytes
+     *                       (a longer host name is listed cut). Null is refused
      * @return 0 when the rule was added; -1 when an argument was refused (negative WAN index,
      *         port out of range, protocol, internal client, unknown WAN index, management
      *         connection); -2 when the connection already holds ten rules
