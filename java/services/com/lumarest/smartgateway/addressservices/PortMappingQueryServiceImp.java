@@ -32,7 +32,7 @@ public class PortMappingQueryServiceImp {
      *         switch take), "PortMappingEnabled" (quoted text, "TRUE" or "FALSE"),
      *         "ExternalPort" and "InternalPort" (bare numbers), "PortMappingProtocol" (quoted
      *         text, "TCP" or "UDP") and "InternalClient" (quoted text, the LAN host as it was
-     *         given when the rule was added). With no rules the reply is
+     *         given when the rule was added, at most 31 bytes). With no rules the reply is
      *         {@code {"Result":0, "List":[]}}. Failure reply:
      *         {@code {"Result":-1,"FailReason":"No enough memory"}} when the reply cannot be
      *         allocated. The reply {@code {"Result":-1,"FailReason":"No Valid WAN"}} belongs to
