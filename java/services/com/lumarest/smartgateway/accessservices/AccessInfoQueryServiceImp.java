@@ -7,8 +7,12 @@ package com.lumarest.smartgateway.accessservices;
  * <p>Every method is a read-only query answered from the gateway's current figures; nothing
  * is cached between calls. A WAN connection is named by its WAN index, the number that
  * {@link #getWANIfListJni()} lists as "Index" (1 to 8). JSON replies carry the gateway's texts
- * as they are, without JSON escaping. The class loads {@code libbundle_sc.so} when it is first
- * used.
+ * as they are, without JSON escaping (a library built with its hardened profile escapes them).
+ * Where a reply member names a state or an error, a code the gateway reports beyond the names
+ * listed reads as the empty text. The class loads {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Every method runs on the calling thread and returns as soon as the gateway has answered;
+ * none resolves names or runs commands. Methods may be called from several threads at once.
  */
 public class AccessInfoQueryServiceImp {
     static {
@@ -51,8 +55,8 @@ public class AccessInfoQueryServiceImp {
      *
      * @return a JSON object: "Result" (number, always 0) and "RegisterStatus" (quoted text):
      *         "NO_REG_NO_AUTH" (not registered), "REG_NO_AUTH" (registered, not
-     *         authenticated) or "REG_AUTH" (registered and authenticated). There is no failure
-     *         reply.
+     *         authenticated) or "REG_AUTH" (registered and authenticated); the empty text for a
+     *         state the gateway reports without a name. There is no failure reply.
      * @example <pre>{@code
      * getPONIfRegisterStatusJni
      * {"Result":0,"RegisterStatus":"REG_AUTH"}
@@ -129,10 +133,10 @@ public class AccessInfoQueryServiceImp {
      *         "AddressingType" ("DHCP", "Static" or ""), "ExternalIPAddress", "SubnetMask",
      *         "DefaultGateway", "DNSEnabled" ("TRUE" or "FALSE"), "DNSServers"
      *         (comma-separated), "MACAddress", "ConnectionTrigger" ("AlwaysOn", "OnDemand",
-     *         "Manual" or ""), "IPv6IPAddressOrigin" ("None", "DHCPv6", "AutoConfigured" or
-     *         "Static"), "IPv6IPAddress", "IPv6DNSServers", "IPv6PrefixDelegationEnabled"
+     *         "Manual" or ""), "IPv6IPAddressOrigin" ("None", "DHCPv6", "AutoConfigured",
+     *         "Static" or ""), "IPv6IPAddress", "IPv6DNSServers", "IPv6PrefixDelegationEnabled"
      *         ("TRUE" or "FALSE"), "IPv6PrefixOrigin" ("None", "PrefixDelegation",
-     *         "RouterAdvertisement" or "Static"), "IPv6Prefix", "IPv6PrefixPltime" and
+     *         "RouterAdvertisement", "Static" or ""), "IPv6Prefix", "IPv6PrefixPltime" and
      *         "IPv6PrefixVltime" (decimal, possibly negative), "IPv6DefaultGateway",
      *         "IPv6DsliteEnable" ("TRUE" or "FALSE"), "IPv6AftrMode" ("1" or "0"),
      *         "IPv6AftrAddress" and "ServiceList" (the connection's services, such as
@@ -172,7 +176,8 @@ public class AccessInfoQueryServiceImp {
      *         "ConnectionStatus" (IPv4) and "IPv6ConnStatus", each "Unconfigured",
      *         "Connecting", "Connected" or "Disconnected", and "LastConnectionError"
      *         ("ERROR_NONE", "ERROR_UNKNOWN", "ERROR_AUTHENTICATION_FAILURE",
-     *         "ERROR_ISP_TIME_OUT", "ERROR_SERVER_OUT_OF_RESOURCES" or "ERROR_ISP_DISCONNECT").
+     *         "ERROR_ISP_TIME_OUT", "ERROR_SERVER_OUT_OF_RESOURCES" or "ERROR_ISP_DISCONNECT"; the
+     *         empty text for a status or error the gateway reports without a name).
      *         Failure reply: {@code {"Result":-1,"FailReason":"parameter error"}} when no
      *         connection has this WAN index.
      * @example <pre>{@code

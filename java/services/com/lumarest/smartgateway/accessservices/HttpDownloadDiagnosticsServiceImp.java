@@ -8,6 +8,9 @@ package com.lumarest.smartgateway.accessservices;
  * result method reports the test's state ("Requested" while it runs) until it has completed.
  * Unlike the other services, the reply's "Result" is the state as a text, not a number. The
  * class loads {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Both methods run on the calling thread and return as soon as the gateway has answered; the
+ * start method does not wait for the test, and neither resolves names or runs commands itself.
  */
 public class HttpDownloadDiagnosticsServiceImp {
     static {

@@ -8,6 +8,9 @@ package com.lumarest.smartgateway.accessservices;
  * result method reports the test's state ("Requested" while it runs) until it has completed.
  * Unlike the other services, the reply's "Result" is the state as a text, not a number. The
  * class loads {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Both methods run on the calling thread and return as soon as the gateway has answered; the
+ * start method does not wait for the test, and neither resolves names or runs commands itself.
  */
 public class HttpUploadDiagnosticsServiceImp {
     static {
@@ -31,7 +34,7 @@ public class HttpUploadDiagnosticsServiceImp {
      *                  "TestDuration" (seconds, 0 to 300, default 30) and
      *                  "NumberOfConnections" (0 to 4, default 1), each a JSON number or a
      *                  decimal text; null and an empty text are refused
-     * @return -1 when the URL or the parameter text is null, the text is not JSON, it has no
+     * @return -1 when the URL is null, the parameter text is null, empty or not JSON, it has no
      *         "TestFileLength", or both the file length and the duration are 0 (no test is
      *         started); else the gateway's status, unchanged: 0 when the test was started
      * @example <pre>{@code

@@ -6,6 +6,9 @@ package com.lumarest.smartgateway.accessservices;
  * <p>The gateway runs the test in the background: the start method returns at once, and the
  * result method reports "not completed" until the test has finished. The gateway keeps the
  * outcome of its last test. The class loads {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Both methods run on the calling thread and return as soon as the gateway has answered; the
+ * start method does not wait for the test, and neither resolves names or runs commands itself.
  */
 public class IPPingDiagnosticsServiceImp {
     static {
@@ -18,6 +21,9 @@ public class IPPingDiagnosticsServiceImp {
      * <p>Parameters missing from the JSON text, and those given as 0, take their defaults:
      * 4 repetitions, a timeout of 10 s, 56-byte data blocks and DSCP 0. Out-of-range values
      * are not refused here; the gateway decides.
+     *
+     * <p>A refused host text (empty, or 256 bytes or longer) is deliberately never given back to
+     * the virtual machine: its modified-UTF-8 copy stays allocated for the life of the string.
      *
      * @param wanIndex  the WAN index of the connection to ping over, passed to the gateway as
      *                  given
@@ -42,7 +48,7 @@ public class IPPingDiagnosticsServiceImp {
      * @return a JSON object; when the test has completed: "Result" (number, 0),
      *         "SuccessCount" and "FailureCount" (bare numbers, echoes answered and lost),
      *         "AverageResponseTime", "MinimumResponseTime" and "MaximumResponseTime" (bare
-     *         numbers, as the gateway measures them). While the test runs:
+     *         numbers, as the gateway measures them), all unsigned 32-bit. While the test runs:
      *         {@code {"Result":-2,"FailReason":"Ping diagonostics not completed"}}; when it
      *         failed: {@code {"Result":-1,"FailReason":"Ping diagonostics fail"}} (the word
      *         "diagonostics" is spelt so in the interface).

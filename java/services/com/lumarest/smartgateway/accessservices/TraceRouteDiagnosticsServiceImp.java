@@ -7,6 +7,9 @@ package com.lumarest.smartgateway.accessservices;
  * <p>The gateway runs the test in the background: the start method returns at once, and the
  * result method reports "not completed" until the test has finished. The class loads
  * {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Both methods run on the calling thread and return as soon as the gateway has answered; the
+ * start method does not wait for the test, and neither resolves names or runs commands itself.
  */
 public class TraceRouteDiagnosticsServiceImp {
     static {
@@ -19,6 +22,9 @@ public class TraceRouteDiagnosticsServiceImp {
      * <p>Parameters missing from the JSON text, and those given as 0, take their defaults:
      * 3 tries per hop, a timeout of 5 s, 38-byte data blocks, DSCP 0 and at most 30 hops.
      * Out-of-range values are not refused here; the gateway decides.
+     *
+     * <p>A refused host text (empty, or 256 bytes or longer) is deliberately never given back to
+     * the virtual machine: its modified-UTF-8 copy stays allocated for the life of the string.
      *
      * @param wanIndex  the WAN index of the connection to trace over, passed to the gateway
      *                  as given
@@ -42,11 +48,13 @@ public class TraceRouteDiagnosticsServiceImp {
      *
      * <p>Each call also deletes the gateway's finished-result file
      * "/tmp/cwmp/traceroutediagnostic_stat", so fetch a completed result once and keep it.
-     * Host names and round-trip texts are placed in the reply without JSON escaping.
+     * Host names and round-trip texts are placed in the reply without JSON escaping (a library
+     * built with its hardened profile escapes them).
      *
      * @return a JSON object; when the test has completed: "Result" (number, 0),
      *         "ResponseTime" (bare number), "HopsNumberOfEntries" (bare number, the hops
-     *         found) and, after a colon and a blank, "RouteHops" (array, one object per hop in
+     *         found) and "RouteHops" (written with a blank after its colon, which is part of the
+     *         interface: {@code "RouteHops": [}; an array, one object per hop in
      *         route order with "HopHost" (quoted text, the hop's name), "HopHostAddress"
      *         (quoted text), "HopErrorCode" (bare number) and "HopRTTimes" (quoted text, the
      *         round-trip times, comma-separated)). A very long route is cut after about 4000

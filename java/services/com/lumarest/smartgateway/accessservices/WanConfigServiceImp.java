@@ -8,6 +8,9 @@ package com.lumarest.smartgateway.accessservices;
  * connection are read back with {@link AccessInfoQueryServiceImp#getWANIfInfoJni(int)}, whose
  * member names the change request shares. The class loads {@code libbundle_sc.so} when it is
  * first used.
+ *
+ * <p>Every method runs on the calling thread and returns when the gateway has answered; none
+ * resolves names or runs commands itself.
  */
 public class WanConfigServiceImp {
     static {
@@ -43,7 +46,8 @@ public class WanConfigServiceImp {
      *
      * <p>The gateway reads the JSON text and applies the members it contains. While the
      * debug trace is on (the file "/tmp/brelo_debug" exists), every member of the change is
-     * printed on standard output, the password in clear.
+     * printed on standard output, the password in clear (a library built with its hardened
+     * profile masks it).
      *
      * @param wanIndex    the connection's WAN index, passed to the gateway as given
      * @param wanInfoJson a JSON object whose members are named as in the information reply

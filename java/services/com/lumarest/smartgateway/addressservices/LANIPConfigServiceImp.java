@@ -6,6 +6,9 @@ package com.lumarest.smartgateway.addressservices;
  * <p>Both methods hand the texts to the gateway as they are given; the gateway checks the
  * values and answers with its own status code, which is returned unchanged. The class loads
  * {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>Both methods run on the calling thread and return as soon as the gateway has answered;
+ * neither resolves names or runs commands.
  */
 public class LANIPConfigServiceImp {
     static {
@@ -20,12 +23,12 @@ public class LANIPConfigServiceImp {
      * reach it at the new address once the gateway has applied it.
      *
      * @param address the gateway's new LAN address as dotted text, for example
-     *                "192.168.1.1"; null is refused
-     * @param mask    the LAN subnet mask as dotted text, for example "255.255.255.0"; null is
-     *                refused
-     * @return -1 when a text is null (the gateway is not asked); else the gateway's status,
-     *         unchanged: 0 when the address was set, any other value when the gateway refused
-     *         it
+     *                "192.168.1.1"; null passes the empty text, which the gateway judges
+     * @param mask    the LAN subnet mask as dotted text, for example "255.255.255.0"; null
+     *                passes the empty text, which the gateway judges
+     * @return the gateway's status, unchanged: 0 when the address was set, any other value
+     *         when the gateway refused it; -1 when the virtual machine could not provide a
+     *         text (an exception is then pending; the gateway is not asked)
      * @example <pre>{@code
      * setLANHostIPJni "192.168.1.1" "255.255.255.0"
      * 0
@@ -46,14 +49,15 @@ public class LANIPConfigServiceImp {
      *                     regard to case ("true" and "True" are accepted); any other text
      *                     (such as "1" or "yes") and null are refused
      * @param startAddress first address of the pool handed out to LAN hosts, dotted text such
-     *                     as "192.168.1.2"; null is refused
+     *                     as "192.168.1.2"; null passes the empty text, which the gateway
+     *                     judges
      * @param endAddress   last address of the pool, dotted text such as "192.168.1.254"; null
-     *                     is refused
+     *                     passes the empty text, which the gateway judges
      * @param duration     lease duration in the gateway's unit, passed through unchanged
-     * @return -1 when the enable text is neither "TRUE" nor "FALSE", or a text is null
-     *         (nothing changed); else
-     *         the gateway's status, unchanged: 0 when the settings were applied, any other
-     *         value when the gateway refused them
+     * @return -1 when the enable text is null or neither "TRUE" nor "FALSE", or when the
+     *         virtual machine could not provide a text (an exception is then pending); nothing
+     *         is changed then. Else the gateway's status, unchanged: 0 when the settings were
+     *         applied, any other value when the gateway refused them
      * @example <pre>{@code
      * setLANDHCPInfoJni "true" "192.168.1.2" "192.168.1.254" 86400
      * 0

@@ -14,6 +14,10 @@ package com.lumarest.smartgateway.addressservices;
  * <p>A connection is named by its WAN index, the number the gateway's WAN connections list
  * shows; a rule by its port-mapping index, 1 to 10, as
  * {@link PortMappingQueryServiceImp#getPortMappingInfoJni()} lists it.
+ *
+ * <p>Every method runs on the calling thread; only
+ * {@link #addPortMappingJni(int, int, int, String, String)} may block, while a host name given
+ * as the internal client is resolved. None runs commands.
  */
 public class PortMappingConfigServiceImp {
     static {
@@ -30,9 +34,10 @@ public class PortMappingConfigServiceImp {
      * service is exactly "TR069") is refused. When the internal client is a host name, the
      * calling thread blocks while the gateway resolves it.
      *
-     * <p>The strings are deliberately never released when they are refused (an invalid
-     * protocol, or an internal client that is not an acceptable address): a small leak of
-     * JVM-held string memory on each such call, which a caller avoids by checking them first.
+     * <p>A refused string is deliberately never given back to the virtual machine: the
+     * protocol text when the protocol is refused, the internal client text when the client is
+     * not an acceptable address. Its modified-UTF-8 copy stays allocated for the life of the
+     * string, a small leak on each such call, which a caller avoids by checking them first.
      *
      * @param wanIndex       WAN index of the connection (0 or more; a negative index is
      *                       refused; an index the gateway does not know is refused)
@@ -43,8 +48,12 @@ public class PortMappingConfigServiceImp {
      * @param internalClient the LAN host receiving the traffic: a dotted IPv4 address whose
      *                       first number is 1 to 223, the middle ones at most 255 and the last
      *                       at most 254 (or exactly "0.0.0.0"), optionally followed by "/" and a
-     *                       prefix length up to 32 ("10.0.0.1/24"); or a host name of at most 64
-     *                       characters that the gateway can resolve; null is refused
+     *                       prefix length up to 32 ("10.0.0.1/24"; an empty one is accepted);
+     *                       or a host name of at most 64 bytes that the gateway can resolve. A
+     *                       text shaped like four groups of 1 to 3 digits joined by any single
+     *                       characters ("10-0-0-1") is judged as an address and never resolved.
+     *                       The rule stores the text as given, cut to its first 31 bytes
+     *                       (a longer host name is listed cut). Null is refused
      * @return 0 when the rule was added; -1 when an argument was refused (negative WAN index,
      *         port out of range, protocol, internal client, unknown WAN index, management
      *         connection); -2 when the connection already holds ten rules

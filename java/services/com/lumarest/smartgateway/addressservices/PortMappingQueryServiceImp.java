@@ -6,6 +6,9 @@ package com.lumarest.smartgateway.addressservices;
  * <p>The list is read from the gateway's configuration tree, where
  * {@link PortMappingConfigServiceImp} writes the rules. The class loads
  * {@code libbundle_sc.so} when it is first used.
+ *
+ * <p>The method runs on the calling thread and returns as soon as the configuration tree has
+ * been read; it resolves no names and runs no commands.
  */
 public class PortMappingQueryServiceImp {
     static {
@@ -17,7 +20,7 @@ public class PortMappingQueryServiceImp {
      *
      * <p>A connection whose display name contains "TR069" is left out, and so is a connection
      * without rules. The texts come from the configuration tree and are placed in the reply
-     * without JSON escaping.
+     * without JSON escaping (a library built with its hardened profile escapes them).
      *
      * @return a JSON object: "Result" (number, 0), then, after a comma and a blank, "List"
      *         (array, one object per connection that has rules, in the gateway's order of
@@ -29,7 +32,7 @@ public class PortMappingQueryServiceImp {
      *         switch take), "PortMappingEnabled" (quoted text, "TRUE" or "FALSE"),
      *         "ExternalPort" and "InternalPort" (bare numbers), "PortMappingProtocol" (quoted
      *         text, "TCP" or "UDP") and "InternalClient" (quoted text, the LAN host as it was
-     *         given when the rule was added). With no rules the reply is
+     *         given when the rule was added, at most 31 bytes). With no rules the reply is
      *         {@code {"Result":0, "List":[]}}. Failure reply:
      *         {@code {"Result":-1,"FailReason":"No enough memory"}} when the reply cannot be
      *         allocated. The reply {@code {"Result":-1,"FailReason":"No Valid WAN"}} belongs to

@@ -20,7 +20,8 @@ public class EthQueryServiceImp {
      * Reads whether a LAN Ethernet port is enabled, its status, bit rate and duplex mode.
      *
      * <p>The four values are texts of the platform's, placed in the reply as it wrote them
-     * (each at most 63 bytes, without JSON escaping); on the simulated gateway the enable text is
+     * (each at most 63 bytes, without JSON escaping; a library built with its hardened profile
+     * escapes them); on the simulated gateway the enable text is
      * {@code "1"} or {@code "0"}, the status {@code "Up"}, {@code "NoLink"} or
      * {@code "Disabled"}, the bit rate {@code "10"}, {@code "100"}, {@code "1000"} or
      * {@code "Auto"}, the duplex mode {@code "Half"}, {@code "Full"} or {@code "Auto"}.

@@ -30,7 +30,8 @@ package com.lumarest.smartgateway.lanservices;
  *     {@code "OFF"} when it is on the storage black list.</li>
  * </ul>
  * The names and addresses are placed in the reply as the platform gives them, without JSON
- * escaping: a name holding a double quote or a backslash makes the reply invalid JSON. Bytes
+ * escaping: a name holding a double quote or a backslash makes the reply invalid JSON (a library
+ * built with its hardened profile escapes them). Bytes
  * that are not valid UTF-8 reach Java as U+FFFD. A host list is composed in a 64 KiB buffer; a
  * longer list is cut there (and is then not valid JSON).
  *

@@ -3,7 +3,8 @@ package com.lumarest.smartgateway.lanservices;
 /**
  * WLAN settings: SSID and radio switches, SSID security, the radios' standard, channel,
  * transmit power and frequency width, WPS, and the guest SSID. Every method returns a status
- * (0 success, -1 failure; WPS start and the guest methods hand on the platform's own codes).
+ * (0 success, -1 failure; WPS start, the radio switch and the guest methods hand on the
+ * platform's own codes).
  *
  * <p>Each method makes exactly one request to the gateway platform, which owns all WLAN state,
  * checks every value and keeps the settings; nothing is range-checked here. SSID indexes and
@@ -69,7 +70,8 @@ public class WlanConfigServiceImp {
      * Sets an SSID's name, encryption mode and password in one request.
      *
      * <p>The password is printed in clear in the debug trace when tracing is switched on (the
-     * trace flag file {@code /tmp/brelo_debug} exists on the gateway).
+     * trace flag file {@code /tmp/brelo_debug} exists on the gateway; a library built with its
+     * hardened profile masks it).
      *
      * <p>An empty encryption text is deliberately never given back to the virtual machine: its
      * modified-UTF-8 copy stays allocated for the life of the string. Pass null rather than

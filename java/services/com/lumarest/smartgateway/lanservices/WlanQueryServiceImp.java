@@ -35,7 +35,8 @@ public class WlanQueryServiceImp {
      *         JSON strings: {@code "Enable"} ({@code "TRUE"} when the SSID is switched on),
      *         {@code "BSSID"} (the access point's MAC text), {@code "SSIDName"} (the name as the
      *         platform gives it, without JSON escaping, so a name holding a double quote or a
-     *         backslash makes the reply invalid JSON), {@code "SSIDAdvertisementEnabled"}
+     *         backslash makes the reply invalid JSON; a library built with its hardened
+     *         profile escapes it), {@code "SSIDAdvertisementEnabled"}
      *         ({@code "TRUE"} when the name is advertised, {@code "FALSE"} when the SSID is
      *         hidden), {@code "Standard"} (a standard name, see the class comment) and
      *         {@code "EncryptionMode"} ({@code "OPEN"}, {@code "WEP"}, {@code "WPAPSK"},
@@ -166,7 +167,7 @@ public class WlanQueryServiceImp {
      *             element ends the reading and the array then counts as empty.
      * @return {@code {"Result":0,"List":[...]}}, one object per station with these members, in
      *         order: {@code "SSIDIndex"} (a bare number), {@code "SSIDName"} (the SSID's name
-     *         without JSON escaping), {@code "MAC"} (the station's MAC text as the platform gives
+     *         without JSON escaping, as in {@link #getWLANSSIDInfoJni(int)}), {@code "MAC"} (the station's MAC text as the platform gives
      *         it), {@code "RSSI"}, {@code "RxRate"} and {@code "TxRate"} (numbers in JSON strings;
      *         the rates always {@code "0"}) and {@code "Standard"} (the SSID's standard name, see
      *         the class comment). A station whose SSID cannot be queried gives an all-zero entry.

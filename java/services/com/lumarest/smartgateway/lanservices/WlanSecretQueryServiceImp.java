@@ -23,7 +23,8 @@ public class WlanSecretQueryServiceImp {
      * result is not examined: when it fails, for example for an SSID the gateway does not have,
      * the reply is whatever it left in the buffer, usually the empty text. The password is
      * printed in clear in the debug trace when tracing is switched on (the trace flag file
-     * {@code /tmp/brelo_debug} exists on the gateway).
+     * {@code /tmp/brelo_debug} exists on the gateway; a library built with its hardened profile
+     * masks it).
      *
      * @param ssidIndex the SSID's index, passed unchanged (the platform's numbering)
      * @return the password as plain text (not JSON); the empty text when the platform wrote
