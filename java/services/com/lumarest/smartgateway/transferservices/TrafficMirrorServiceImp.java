@@ -105,8 +105,8 @@ public class TrafficMirrorServiceImp {
      * <p>The rules come in entry order, but the list carries no entry number: keep the number
      * {@link #addMirrorRuleJni} returned to delete a rule. The stored texts are inserted
      * unescaped (a library built with its hardened profile escapes them). The reply holds at
-     * most 32,640 bytes (128 per possible rule); a longer list is cut there and is then not
-     * complete JSON.
+     * most 32,639 characters (128 bytes per possible rule); a longer list is cut there and
+     * is then not complete JSON.
      *
      * @return a JSON object: {@code "Result"} (bare number, 0), then {@code "List"}, an array
      *         with one object per rule holding {@code "RemoteAddress"} (quoted text, empty for
