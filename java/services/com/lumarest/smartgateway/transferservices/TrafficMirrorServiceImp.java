@@ -53,8 +53,8 @@ public class TrafficMirrorServiceImp {
      *            ("00:E0:4C:68:01:A2"); null or the empty text for all hosts; a text longer
      *            than 32 characters or of another form gives -1
      * @param mirrorToIP the host that receives the copies: an IPv4 address (first number 1 to
-     *            223, last one at most 254, optionally followed by "/" and a prefix length up
-     *            to 32), a host name of at most 64 characters that the resolver knows, or an
+     *            223, last one at most 254, or 0.0.0.0; optionally followed by "/" and a prefix
+     *            length up to 32), a host name of at most 64 characters that the resolver knows, or an
      *            IPv6 address as the gateway's checker accepts it; at most 127 characters are
      *            stored and 63 take part in the duplicate test; null or anything else gives -1
      * @param mirrorToPort the port on the mirror host, 1 to 65535; anything else gives -1
