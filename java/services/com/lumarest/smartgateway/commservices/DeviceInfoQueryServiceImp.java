@@ -54,8 +54,9 @@ public class DeviceInfoQueryServiceImp {
     /**
      * Reads how long the gateway has been running.
      *
-     * @return the gateway's uptime in seconds, as the gateway reports it (no scaling, no
-     *         clamping).
+     * @return the gateway's uptime, the gateway's value unchanged (no scaling, no clamping),
+     *         in the gateway's own unit (seconds on the simulated gateway). There is no
+     *         failure value of its own: whatever the gateway answers is returned.
      * @example <pre>{@code
      * getDeviceUpTimeJni
      * 86400

@@ -13,8 +13,8 @@ public class DeviceRsetServiceImp {
      * Asks the gateway to restore itself.
      *
      * <p>The request goes to the gateway as it stands, with no argument; what the restore
-     * brings back and whether the gateway restarts is the gateway's own. A bundle calling this
-     * should expect to lose the gateway's current settings.
+     * brings back and whether the gateway restarts is the gateway's own, so a bundle should
+     * call this only when it means the gateway to be restored.
      *
      * @return the gateway's own result code, unchanged (0 when the restore was accepted)
      * @example <pre>{@code

@@ -53,8 +53,8 @@ public class TrafficMirrorServiceImp {
      *            ("00:E0:4C:68:01:A2"); null or the empty text for all hosts; a text longer
      *            than 32 characters or of another form gives -1
      * @param mirrorToIP the host that receives the copies: an IPv4 address (first number 1 to
-     *            223, last one at most 254, optionally followed by "/" and a prefix length up
-     *            to 32), a host name of at most 64 characters that the resolver knows, or an
+     *            223, last one at most 254, or 0.0.0.0; optionally followed by "/" and a prefix
+     *            length up to 32), a host name of at most 64 characters that the resolver knows, or an
      *            IPv6 address as the gateway's checker accepts it; at most 127 characters are
      *            stored and 63 take part in the duplicate test; null or anything else gives -1
      * @param mirrorToPort the port on the mirror host, 1 to 65535; anything else gives -1
@@ -105,8 +105,8 @@ public class TrafficMirrorServiceImp {
      * <p>The rules come in entry order, but the list carries no entry number: keep the number
      * {@link #addMirrorRuleJni} returned to delete a rule. The stored texts are inserted
      * unescaped (a library built with its hardened profile escapes them). The reply holds at
-     * most 32,640 bytes (128 per possible rule); a longer list is cut there and is then not
-     * complete JSON.
+     * most 32,639 characters (128 bytes per possible rule); a longer list is cut there and
+     * is then not complete JSON.
      *
      * @return a JSON object: {@code "Result"} (bare number, 0), then {@code "List"}, an array
      *         with one object per rule holding {@code "RemoteAddress"} (quoted text, empty for

@@ -84,8 +84,8 @@ public class TrafficMonitoringConfigServiceImp {
      * per group. Addresses are listed in storage order, which is not always the order they
      * were added in. Texts are inserted unescaped (a library built with its hardened profile
      * escapes them), and an address that itself contains "," is listed as two pieces. The
-     * reply holds at most 131,072 bytes; a longer list is cut there and is then not complete
-     * JSON.
+     * reply holds at most 131,071 characters; a longer list is cut there and is then not
+     * complete JSON.
      *
      * @return a JSON object: {@code "Result"} (bare number, 0), then {@code "List"}, an array
      *         with one object per group holding {@code "BundleName"} (quoted text) and

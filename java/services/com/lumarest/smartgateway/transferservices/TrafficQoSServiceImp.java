@@ -77,8 +77,8 @@ public class TrafficQoSServiceImp {
      * Lists the traffic (remote address and port pairs) of a flow.
      *
      * <p>The pairs come in the platform's order; texts are inserted unescaped, and a text the
-     * platform leaves out is listed as the empty text. The reply holds at most 10,240 bytes:
-     * a longer list is cut there and is then not complete JSON (a library built with its
+     * platform leaves out is listed as the empty text. The reply holds at most 10,239
+     * characters: a longer list is cut there and is then not complete JSON (a library built with its
      * hardened profile answers the failure reply instead).
      *
      * @param flowId the flow's id, passed on unchanged

@@ -23,8 +23,8 @@ public class TransferQueryServiceImp {
      * <p>The platform hands over one binding per bound interface, in its own order. The
      * interface is named from the platform's interface number: "LAN1" to "LAN4" for the
      * Ethernet ports, "SSID1" to "SSID5" for the wireless networks; a number outside that
-     * table is listed with an empty name. The binding text is the platform's own (VLAN pairs
-     * such as {@code 100/10} on the gateway) and is inserted unescaped.
+     * table is listed with an empty name. The binding text is in the platform's own form (VLAN
+     * pairs such as {@code 100/10} on the simulated gateway) and is inserted unescaped.
      *
      * @return a JSON object: {@code "Result"} (bare number, 0), then {@code "List"}, an array
      *         with one object per binding holding {@code "LanInterface"} (quoted text, the

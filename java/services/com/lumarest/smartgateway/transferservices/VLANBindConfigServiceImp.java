@@ -26,8 +26,8 @@ public class VLANBindConfigServiceImp {
      *            for the Ethernet ports, "SSID1" to "SSID5" for the wireless networks; at most
      *            31 characters; null or a longer text gives -1 without asking the gateway
      * @param bind the binding text in the gateway's own form (VLAN pairs such as
-     *            {@code 100/10}), which the gateway checks; at most 31 characters; null or a
-     *            longer text gives -1 without asking the gateway
+     *            {@code 100/10} on the simulated gateway), which the gateway checks; at most
+     *            31 characters; null or a longer text gives -1 without asking the gateway
      * @return the gateway's answer unchanged (0 when the binding is set, a negative value when
      *         the gateway refuses the interface or the binding); -1 for a null or over-long
      *         text

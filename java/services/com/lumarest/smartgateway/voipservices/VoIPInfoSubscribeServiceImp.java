@@ -27,8 +27,9 @@ public class VoIPInfoSubscribeServiceImp {
      *                   (see the class description)
      * @param events the names of the events to subscribe to, for example
      *               {@code {"NOTIFY_VOICE_CALL_INFO"}}; the joined list holds at most 511
-     *               characters and is cut there. Null or an empty array subscribes to
-     *               "NOTIFY_VOICE_CALL_INFO"; a null element joins as an empty name
+     *               characters and is cut there. Null, an empty array or a single empty
+     *               (or null) name subscribes to "NOTIFY_VOICE_CALL_INFO"; a null element
+     *               joins as an empty name
      * @return always 0, whatever the gateway answered
      * @example <pre>{@code
      * subscribeVoIPEventJni "bundle.voip.demo" ["NOTIFY_VOICE_CALL_INFO"]
@@ -48,8 +49,9 @@ public class VoIPInfoSubscribeServiceImp {
      *                   passed on as the empty text. Never given back to the virtual machine
      *                   (see the class description)
      * @param events the names of the events to withdraw; the joined list holds at most 511
-     *               characters and is cut there. Null or an empty array withdraws
-     *               "NOTIFY_VOICE_CALL_INFO"; a null element joins as an empty name
+     *               characters and is cut there. Null, an empty array or a single empty
+     *               (or null) name withdraws "NOTIFY_VOICE_CALL_INFO"; a null element joins
+     *               as an empty name
      * @return always 0, whatever the gateway answered
      * @example <pre>{@code
      * unSubscribeVoIPEventJni "bundle.voip.demo" ["NOTIFY_VOICE_CALL_INFO"]
