@@ -9,6 +9,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
@@ -237,8 +238,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   reply.append("\"SupplyVottage\":%d,\"BiasCurrent\":%d}", static_cast<int>(phy.supply_voltage),
                static_cast<int>(phy.bias_current));
 
-  BUNDLE_TRACE("getPONIfPhyStatusJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
@@ -255,9 +255,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   bundle::Reply<4096> reply;
   int state = brelo_ponGetRegInfo();
   reply.append("{\"Result\":0,\"RegisterStatus\":\"%s\"}", table_text(kPonRegisterStates, state));
-  BUNDLE_TRACE("getPONIfRegisterStatusJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -267,8 +265,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getUplin
   unsigned long long us = 0, ds = 0;
   brelo_ponGetUplinkIfStats(&us, &ds);  // result not examined
   reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", us, ds);
-  BUNDLE_TRACE("getUplinkIfStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -310,8 +307,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
     reply.append("%s", "]}");
   }
 
-  BUNDLE_TRACE("getWANIfListJni: return json = %s   leave============>\n", reply.c_str());
-  jstring result = bundle::new_reply_string(env, reply.c_str());
+  jstring result = BUNDLE_JSON_REPLY(env, reply.c_str());
   free(list);  // also after a failed call, once the reply is made
   return result;
 }
@@ -326,8 +322,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   } else {
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", us, ds);
   }
-  BUNDLE_TRACE("getWANIfStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -337,8 +332,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append("%s", kParameterError);
-    BUNDLE_TRACE("getWANIfInfoJni: return json = %s   leave============>\n", reply.c_str());
-    return bundle::new_reply_string(env, reply.c_str());
+    return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
   WanIfInfoRecord info;
@@ -355,8 +349,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
     name += strlen(name) + 1;
   }
 
-  BUNDLE_TRACE("getWANIfInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -374,8 +367,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWanIf
     reply.append("{\"Result\":0,\"UsBandwidth\":\"%s\",\"DsBandwidth\":\"%s\"}", us.text(),
                  ds.text());
   }
-  BUNDLE_TRACE("getWanIfBandwidthJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -385,8 +377,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append("%s", kParameterError);
-    BUNDLE_TRACE("getWANIfStatusJni: return json = %s   leave============>\n", reply.c_str());
-    return bundle::new_reply_string(env, reply.c_str());
+    return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
   // The four texts of the reply, 400 bytes in all.
@@ -414,8 +405,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   reply.append("\"IPv6ConnStatus\":\"%s\",\"LastConnectionError\":\"%s\"}", status.ipv6_status,
                status.last_error);
 
-  BUNDLE_TRACE("getWANIfStatusJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL

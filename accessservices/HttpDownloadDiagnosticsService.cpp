@@ -2,6 +2,7 @@
 // download speed test that the platform runs in the background, and reports its state.
 #include "accessservices/http_speed_test.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 extern "C" {
 
@@ -41,9 +42,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
     JNIEnv *env, jobject) {
   bundle::Reply<1024> reply;
   bundle::http_result_reply(reply, kHttpDownload);
-  BUNDLE_TRACE("getHttpDownloadDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

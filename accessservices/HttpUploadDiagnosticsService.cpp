@@ -2,6 +2,7 @@
 // upload speed test that the platform runs in the background, and reports its state.
 #include "accessservices/http_speed_test.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 extern "C" {
 
@@ -57,9 +58,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpUploadDiagnosticsServiceImp_ge
     JNIEnv *env, jobject) {
   bundle::Reply<1024> reply;
   bundle::http_result_reply(reply, kHttpUpload);
-  BUNDLE_TRACE("getHttpUploadDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -2,6 +2,7 @@
 // that the platform runs in the background, and reports its outcome.
 #include "accessservices/diag_params.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_diag.h"
 
 namespace {
@@ -70,9 +71,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_getIPP
   } else {
     reply.append("%s", "{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
   }
-  BUNDLE_TRACE("getIPPingDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -5,6 +5,7 @@
 
 #include "accessservices/diag_params.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_diag.h"
 #include "common/platform_list.h"
 
@@ -104,9 +105,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
   }
 
   if (hops != nullptr) free(hops);
-  BUNDLE_TRACE("getTraceRouteDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -13,6 +13,7 @@
 #include "addressservices/wan_lookup.h"
 #include "common/config_tree.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 namespace {
 
@@ -129,23 +130,21 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   if (count < 0) {
     bundle::Reply<256> fail;
     fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
-                                     fail.c_str());
+    return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t cap = reply_size(count);
   char *buf = static_cast<char *>(calloc(cap, 1));
   if (buf == nullptr) {
     bundle::Reply<256> fail;
     fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
-                                     fail.c_str());
+    return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t off = 0;
   bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
   for (int i = 0; i < count; ++i) append_wan(buf, cap, &off, valid[i]);
   bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
   jstring reply =
-      bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni", buf);
+      BUNDLE_JSON_REPLY(env, buf);
   free(buf);
   return reply;
 }

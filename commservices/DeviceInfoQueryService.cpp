@@ -2,6 +2,7 @@
 // (identity record, MAC address, uptime, load) and the fixed identity of the OSGi framework
 // and Java virtual machine it runs.
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_device.h"
 
 namespace {
@@ -51,8 +52,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceI
                static_cast<int>(info.ram_size));
   reply.append("\"MainChipClass\":\"%s\",\"NFC\":\"%s\"}", info.main_chip_class, info.nfc);
 
-  BUNDLE_TRACE("getDeviceInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -60,8 +60,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceM
     JNIEnv *env, jobject) {
   bundle::PlatformText<128> mac;
   brelo_deviceGetMac(mac.out());
-  BUNDLE_TRACE("getDeviceMACJni: return json = %s   leave============>\n", mac.text());
-  return bundle::new_reply_string(env, mac.text());
+  return BUNDLE_JSON_REPLY(env, mac.text());
 }
 
 JNIEXPORT jint JNICALL
@@ -89,8 +88,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getAPIVers
     JNIEnv *env, jobject) {
   bundle::Reply<64> version;
   version.append("%s", "v1.0");  // plain text, not JSON
-  BUNDLE_TRACE("getAPIVersionJni: return json = %s   leave============>\n", version.c_str());
-  return bundle::new_reply_string(env, version.c_str());
+  return BUNDLE_JSON_REPLY(env, version.c_str());
 }
 
 JNIEXPORT jint JNICALL

@@ -8,6 +8,7 @@
 #include "common/array_readers.h"
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_lan.h"
 #include "common/platform_list.h"
 #include "lanservices/lan_hosts.h"
@@ -262,8 +263,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getGatewa
     JNIEnv *env, jobject) {
   bundle::PlatformText<1024> name;
   brelo_sysGetGatewayName(name.out(), name.size());  // the reply is the buffer, whatever it says
-  BUNDLE_TRACE("getGatewayNameJni: return json = %s   leave============>\n", name.text());
-  return bundle::new_reply_string(env, name.text());
+  return BUNDLE_JSON_REPLY(env, name.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -275,8 +275,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   };
   bundle::HeapObject<Work> work;
   if (!work.ok()) {
-    BUNDLE_TRACE("getLANHostInfoByMACJni: return json = %s   leave============>\n", kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   bundle::MacList &list_of_macs = work->macs;
   list_of_macs.read(env, macs);
@@ -370,9 +369,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   bundle::HeapObject<Work> work;
   if (!work.ok()) {
     name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   HostListReply &reply = work->reply;
 
@@ -440,9 +437,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     // Only the platform's "not completed" fails the query; other results keep the list.
     free_hosts(list);
     name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   free_hosts(list);
   name.release();

@@ -10,6 +10,7 @@
 #include "common/hardened.h"
 #include "common/html_encode.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 #include "common/platform_wlan.h"
 #include "lanservices/lan_hosts.h"
@@ -179,8 +180,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
     reply.append(",\"Standard\":\"%s\"", standard);
     reply.append(",\"EncryptionMode\":\"%s\"}", encryption_name(info.encryption));
   }
-  BUNDLE_TRACE("getWLANSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -202,8 +202,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
     reply.append(",\"DiscardPacketsSent\":%u", static_cast<unsigned>(stats.discard_sent));
     reply.append(",\"DiscardPacketsReceived\":%u}", static_cast<unsigned>(stats.discard_received));
   }
-  BUNDLE_TRACE("getWLANSSIDStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
@@ -248,8 +247,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
     reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
     reply.append("%s", "}");
   }
-  BUNDLE_TRACE("getWLANRadioInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -307,8 +305,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
     }
     bundle::reply_append(text, cap, &off, "%s", "]}");
   }
-  BUNDLE_TRACE("getWLANNeighborJni: return json = %s   leave============>\n", text);
-  jstring result = bundle::new_reply_string(env, text);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(text);
   return result;
 }
@@ -322,8 +319,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   bundle::HeapMacList mac_list(env, jmacs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
   if (!mac_list.ok()) {
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   char(*macs)[MAC_ENTRY_SIZE] = mac_list.entries();
   int mac_count = mac_list.count();
@@ -332,8 +328,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   memset(hosts, 0, sizeof hosts);
   int host_count = 0;
   if (brelo_wlanGetHostInfo(hosts, &host_count, macs, mac_count) != 0) {
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   // parseToJsonWlanHostList: one reply record per station, or per requested MAC.
   int n = bounded_count(host_count, WLAN_MAX_HOSTS);
@@ -345,8 +340,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   if (records == nullptr) {
     printf("calloc err\n");
     fflush(stdout);
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   if (mac_count == 0) {
     for (int i = 0; i < n; ++i) fillWlanHostEntry(&records[i], hosts, i);
@@ -385,8 +379,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     if (j != entries - 1) bundle::reply_append(text, cap, &off, "%s", ",");
   }
   bundle::reply_append(text, cap, &off, "%s", "]}");
-  BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", text);
-  jstring result = bundle::new_reply_string(env, text);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(records);
   free(text);
   return result;
@@ -430,8 +423,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
   }
   if (!opened) reply.append("%s", "{\"Result\":0,\"List\":[");
   reply.append("%s", "]}");
-  BUNDLE_TRACE("getGuestSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

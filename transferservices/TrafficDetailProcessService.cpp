@@ -7,6 +7,7 @@
 
 #include "common/array_readers.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_forward.h"
 #include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
@@ -132,8 +133,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getHTTPTrafficProcessRuleInfoJni",
-                                   reply.text());
+  return BUNDLE_JSON_REPLY(env, reply.text());
 }
 
 }  // extern "C"

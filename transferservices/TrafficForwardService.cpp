@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_forward.h"
 #include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
@@ -92,7 +93,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getForwardRuleInfoJni", reply.text());
+  return BUNDLE_JSON_REPLY(env, reply.text());
 }
 
 }  // extern "C"

@@ -16,6 +16,7 @@
 #include "common/ip_valid_check.h"
 #include "common/json_list.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_addrcheck.h"
 #include "common/platform_tcapi.h"
 #include "transferservices/traffic_mirror_rule.h"
@@ -326,7 +327,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
   if (reply == nullptr) {
     char failure[128] = {};
     snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", failure);
+    return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
@@ -355,7 +356,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
   }
   bundle::reply_append(reply, kRuleListSize, &off, "%s", "]}");
-  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", reply);
+  jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(reply);
   return result;
 }

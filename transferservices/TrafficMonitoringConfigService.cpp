@@ -14,6 +14,7 @@
 #include "common/config_tree.h"
 #include "common/json_list.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_addrcheck.h"
 #include "common/platform_tcapi.h"
 
@@ -302,8 +303,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     free(reply);
     char failure[128] = {};
     snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
-                                     "getTrafficMonitoringDestAddressInfoJni", failure);
+    return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
@@ -346,8 +346,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
   }
   bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
 
-  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
-                                             "getTrafficMonitoringDestAddressInfoJni", reply);
+  jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(collection);
   free(reply);
   return result;

@@ -7,6 +7,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_qos.h"
 #include "common/platform_list.h"
 
@@ -106,7 +107,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getStatsByF
     reply.append("%s", "{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
   else
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", upstream, downstream);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getStatsByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -121,7 +122,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedByF
     reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
@@ -143,7 +144,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedLim
     reply.append("%s", "{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"UpSpeed\":%d,\"DownSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedLimitByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL

@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_route.h"
 
@@ -172,7 +173,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVS
   bundle::Reply<256> reply;
   int status = brelo_iptvGetStatus();
   if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getIPTVStatusJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

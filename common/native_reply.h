@@ -1,0 +1,51 @@
+// A native's closing trace and its text reply in one call.
+//
+//     return BUNDLE_JSON_REPLY(env, reply.c_str());
+//
+// traces "<method>: return json = <text>   leave============>" under the native's own name,
+// exactly as BUNDLE_TRACE with that line would, and then makes the reply with
+// new_reply_string. BUNDLE_SECRET_REPLY does the same for a reply that carries a secret: the
+// trace shows secret(text), Java receives the text. Only for the exported natives themselves;
+// helpers that reply on a native's behalf use traced_text_reply.
+#ifndef BUNDLE_COMMON_NATIVE_REPLY_H
+#define BUNDLE_COMMON_NATIVE_REPLY_H
+
+#include <jni.h>
+
+#include "common/hardened.h"
+#include "common/native.h"
+
+namespace bundle {
+
+// The closing line of the native that calls it (found from the return address), then the
+// reply. In the library the natives share this one call instead of a trace call and a reply
+// call each.
+__attribute__((noinline)) jstring native_json_reply(JNIEnv *env, int line, const char *text);
+__attribute__((noinline)) jstring native_secret_reply(JNIEnv *env, int line, const char *text);
+
+template <bool InNative>
+__attribute__((always_inline)) inline jstring closing_reply(jstring reply) {
+  static_assert(InNative, "for the exported natives themselves");
+  // The reply passes through here so the call above is never turned into a jump: the helper
+  // must return into the native to find its name.
+  __asm__ volatile("" : "+r"(reply));
+  return reply;
+}
+
+}  // namespace bundle
+
+#if defined(BUNDLE_TRACE_BY_ADDRESS) && BUNDLE_TRACE_BY_ADDRESS
+#define BUNDLE_JSON_REPLY(env, text)                                                   \
+  (::bundle::closing_reply<::bundle::Constant<::bundle::is_native_name(__func__)>::value>( \
+      ::bundle::native_json_reply((env), __LINE__, (text))))
+#define BUNDLE_SECRET_REPLY(env, text)                                                 \
+  (::bundle::closing_reply<::bundle::Constant<::bundle::is_native_name(__func__)>::value>( \
+      ::bundle::native_secret_reply((env), __LINE__, (text))))
+#else
+#define BUNDLE_JSON_REPLY(env, text) \
+  ::bundle::traced_text_reply((env), __func__, __LINE__, ::bundle::method_of(__func__), (text))
+#define BUNDLE_SECRET_REPLY(env, text) \
+  ::bundle::traced_secret_reply((env), __func__, __LINE__, ::bundle::method_of(__func__), (text))
+#endif
+
+#endif
