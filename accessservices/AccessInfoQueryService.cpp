@@ -245,8 +245,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIfUpTimeJni(
     JNIEnv *, jobject) {
   int uptime = brelo_ponGetDuration();
-  BUNDLE_TRACE("getPONIfUpTimeJni: return code = %d   leave============>\n", uptime);
-  return uptime;
+  return BUNDLE_CODE_REPLY(uptime);
 }
 
 JNIEXPORT jstring JNICALL
@@ -412,8 +411,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getInternetWANIndexJni(
     JNIEnv *, jobject) {
   int index = brelo_wanGetInternetWANIndex();
-  BUNDLE_TRACE("getInternetWANIndexJni: return code = %d   leave============>\n", index);
-  return index;
+  return BUNDLE_CODE_REPLY(index);
 }
 
 }  // extern "C"

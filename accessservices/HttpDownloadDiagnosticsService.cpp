@@ -14,8 +14,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   bundle::JavaChars url(env, jurl);
   url.keep();  // the platform keeps the pointer: the URL text is never given back
   if (url.is_null()) {
-    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -24,8 +23,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   bundle::read_http_options(params, &req);  // the file length is an upload's only
   parameter.release();
@@ -33,8 +31,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   // Unlike an upload, a download with a zero duration is not refused.
   req.direction = kHttpDownload;
   int rc = brelo_startHttpSpeedTestDiagnostics(wanIndex, url.get(), &req);
-  BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

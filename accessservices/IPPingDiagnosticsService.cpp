@@ -22,8 +22,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   PingRequest req;
   memset(&req, 0, sizeof req);
   if (!bundle::take_host(env, jhost, req.host)) {
-    BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -32,8 +31,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   req.repetitions = params.int_or("NumberOfRepetitions", kDefaultRepetitions);
   req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
@@ -49,8 +47,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
                req.host, req.repetitions, req.timeout, req.block_size, req.dscp);
 
   int rc = brelo_startIPPingDiagnostics(wanIndex, &req);
-  BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

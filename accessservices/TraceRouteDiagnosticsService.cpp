@@ -34,8 +34,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   TraceRouteRequest req;
   memset(&req, 0, sizeof req);
   if (!bundle::take_host(env, jhost, req.host)) {
-    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -44,8 +43,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   req.tries = params.int_or("NumberOfTries", kDefaultTries);
   req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
@@ -61,8 +59,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   if (req.max_hops == 0) req.max_hops = kDefaultMaxHops;
 
   int rc = brelo_startTraceRouteDiagnostics(wanIndex, &req);
-  BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

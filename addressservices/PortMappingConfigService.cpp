@@ -15,6 +15,7 @@
 #include "common/config_tree.h"
 #include "common/ip_valid_check.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 
 namespace {
@@ -149,8 +150,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPo
     JNIEnv *env, jobject, jint wanIndex, jint externalPort, jint internalPort,
     jstring protocol, jstring internalClient) {
   int rc = add_port_mapping(env, wanIndex, externalPort, internalPort, protocol, internalClient);
-  BUNDLE_TRACE("addPortMappingJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -164,8 +164,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_delet
     save_and_commit(node);
     rc = 0;
   }
-  BUNDLE_TRACE("deletePortMappingJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -182,8 +181,7 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPo
     save_and_commit(node);
     rc = 0;
   }
-  BUNDLE_TRACE("setPortMappingSwitchJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

@@ -19,6 +19,18 @@ void trace_json_closing(const void *where, int line, const char *text) {
 
 }  // namespace
 
+int native_code_reply(int line, int code) {
+  const void *caller = __builtin_return_address(0);
+  if (flag_file_exists(BUNDLE_TRACE_FLAG)) {
+    const char *name = native_name_at(caller);
+    if (name == nullptr) name = "?";
+    printf("%s:%d:%s", name, line, method_of(name));
+    printf(kClosingCode, code);
+    fflush(stdout);
+  }
+  return code;
+}
+
 jstring native_json_reply(JNIEnv *env, int line, const char *text) {
   trace_json_closing(__builtin_return_address(0), line, text);
   return new_reply_string(env, text);

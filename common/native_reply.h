@@ -4,7 +4,12 @@
 //
 // traces "<method>: return json = <text>   leave============>" under the native's own name,
 // exactly as BUNDLE_TRACE with that line would, and then makes the reply with
-// new_reply_string. BUNDLE_SECRET_REPLY does the same for a reply that carries a secret: the
+// new_reply_string. Likewise
+//
+//     return BUNDLE_CODE_REPLY(rc);
+//
+// traces "<method>: return code = <rc>   leave============>" and gives rc back.
+// BUNDLE_SECRET_REPLY does the same for a reply that carries a secret: the
 // trace shows secret(text), Java receives the text. Only for the exported natives themselves;
 // helpers that reply on a native's behalf use traced_text_reply.
 #ifndef BUNDLE_COMMON_NATIVE_REPLY_H
@@ -22,6 +27,13 @@ namespace bundle {
 // call each.
 __attribute__((noinline)) jstring native_json_reply(JNIEnv *env, int line, const char *text);
 __attribute__((noinline)) jstring native_secret_reply(JNIEnv *env, int line, const char *text);
+__attribute__((noinline)) int native_code_reply(int line, int code);
+
+// The closing line of an integer reply traced under `native`, then the code itself.
+inline int traced_code_reply(TraceName native, int line, const char *method, int code) {
+  trace_printf(native, line, "%s: return code = %d   leave============>\n", method, code);
+  return code;
+}
 
 template <bool InNative>
 __attribute__((always_inline)) inline jstring closing_reply(jstring reply) {
@@ -30,6 +42,13 @@ __attribute__((always_inline)) inline jstring closing_reply(jstring reply) {
   // must return into the native to find its name.
   __asm__ volatile("" : "+r"(reply));
   return reply;
+}
+
+template <bool InNative>
+__attribute__((always_inline)) inline int closing_code(int code) {
+  static_assert(InNative, "for the exported natives themselves");
+  __asm__ volatile("" : "+r"(code));  // as above: a call, never a jump
+  return code;
 }
 
 }  // namespace bundle
@@ -41,11 +60,16 @@ __attribute__((always_inline)) inline jstring closing_reply(jstring reply) {
 #define BUNDLE_SECRET_REPLY(env, text)                                                 \
   (::bundle::closing_reply<::bundle::Constant<::bundle::is_native_name(__func__)>::value>( \
       ::bundle::native_secret_reply((env), __LINE__, (text))))
+#define BUNDLE_CODE_REPLY(code)                                                        \
+  (::bundle::closing_code<::bundle::Constant<::bundle::is_native_name(__func__)>::value>( \
+      ::bundle::native_code_reply(__LINE__, (code))))
 #else
 #define BUNDLE_JSON_REPLY(env, text) \
   ::bundle::traced_text_reply((env), __func__, __LINE__, ::bundle::method_of(__func__), (text))
 #define BUNDLE_SECRET_REPLY(env, text) \
   ::bundle::traced_secret_reply((env), __func__, __LINE__, ::bundle::method_of(__func__), (text))
+#define BUNDLE_CODE_REPLY(code) \
+  ::bundle::traced_code_reply(__func__, __LINE__, ::bundle::method_of(__func__), (code))
 #endif
 
 #endif

@@ -67,8 +67,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceUpTimeJni(
     JNIEnv *, jobject) {
   int uptime = brelo_deviceGetUpTime();
-  BUNDLE_TRACE("getDeviceUpTimeJni: return code = %d   leave============>\n", uptime);
-  return uptime;
+  return BUNDLE_CODE_REPLY(uptime);
 }
 
 JNIEXPORT jstring JNICALL
@@ -95,16 +94,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getCPUOccupancyRateJni(
     JNIEnv *, jobject) {
   int rate = brelo_deviceGetCPUOccupancyRate();
-  BUNDLE_TRACE("getCPUOccupancyRateJni: return code = %d   leave============>\n", rate);
-  return rate;
+  return BUNDLE_CODE_REPLY(rate);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getRAMOccupancyRateJni(
     JNIEnv *, jobject) {
   int rate = brelo_deviceGetRAMOccupancyRate();
-  BUNDLE_TRACE("getRAMOccupancyRateJni: return code = %d   leave============>\n", rate);
-  return rate;
+  return BUNDLE_CODE_REPLY(rate);
 }
 
 }  // extern "C"

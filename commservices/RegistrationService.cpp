@@ -28,8 +28,7 @@ Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_setPasswordRe
     if (have_second) rc = brelo_passwordSetRegistration(first, number1, number2, second);
   }
 
-  BUNDLE_TRACE("setPasswordRegistrationJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

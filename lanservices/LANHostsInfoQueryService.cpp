@@ -353,8 +353,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getMacFil
   int mode = 0;
   int rc = brelo_lanGetFilterMode(&mode);
   int result = rc != 0 ? rc : mode;
-  BUNDLE_TRACE("getMacFilterModeJni: return code = %d   leave============>\n", result);
-  return result;
+  return BUNDLE_CODE_REPLY(result);
 }
 
 JNIEXPORT jstring JNICALL

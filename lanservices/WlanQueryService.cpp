@@ -209,8 +209,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANWPSStatusJni(
     JNIEnv *, jobject, jint ssidIndex) {
   int status = brelo_wlanGetWPSStatus(ssidIndex);
-  BUNDLE_TRACE("getWLANWPSStatusJni: return code = %d   leave============>\n", status);
-  return status;
+  return BUNDLE_CODE_REPLY(status);
 }
 
 JNIEXPORT jboolean JNICALL
@@ -224,8 +223,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSw
 
   int rc = brelo_wlanGetRadioSwitch(radio);
   jboolean on = rc == 1 ? JNI_TRUE : JNI_FALSE;
-  BUNDLE_TRACE("getWLANHardwareSwitchJni: return code = %d   leave============>\n", on);
-  return on;
+  return BUNDLE_CODE_REPLY(on);
 }
 
 JNIEXPORT jstring JNICALL

@@ -197,16 +197,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_addVpnDestIPJni(
     JNIEnv *env, jobject, jobjectArray destinations) {
   route_destinations(env, destinations, kRouteAdd);
-  BUNDLE_TRACE("addVpnDestIPJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_deleteVpnDestIPJni(
     JNIEnv *env, jobject, jobjectArray destinations) {
   route_destinations(env, destinations, kRouteDelete);
-  BUNDLE_TRACE("deleteVpnDestIPJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 // 0 when `text` is a dotted-quad IPv4 address (see scan_ipv4), else -1.

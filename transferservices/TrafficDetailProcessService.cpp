@@ -82,16 +82,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_deleteHTTPTrafficProcessRuleJni(
     JNIEnv *, jobject, jint ruleIndex) {
   int rc = transfer::rule_index_valid(ruleIndex) ? brelo_deleteHTTPTrafficProcessRule(ruleIndex) : -1;
-  BUNDLE_TRACE("deleteHTTPTrafficProcessRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_deleteAllHTTPTrafficProcessRuleJni(
     JNIEnv *, jobject) {
   int rc = brelo_deleteAllHTTPTrafficProcessRule();
-  BUNDLE_TRACE("deleteAllHTTPTrafficProcessRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

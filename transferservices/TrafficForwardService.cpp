@@ -48,16 +48,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_deleteForwardRuleJni(
     JNIEnv *, jobject, jint ruleIndex) {
   int rc = transfer::rule_index_valid(ruleIndex) ? brelo_deleteForwardRule(ruleIndex) : -1;
-  BUNDLE_TRACE("deleteForwardRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_deleteAllForwardRuleJni(
     JNIEnv *, jobject) {
   int rc = brelo_deleteAllForwardRule();
-  BUNDLE_TRACE("deleteAllForwardRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

@@ -290,8 +290,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_addMirro
     jstring protocol, jstring hostMAC, jstring mirrorToIP, jint mirrorToPort) {
   int rc = add_mirror_rule(env, BUNDLE_NATIVE, remoteAddress, remotePort, direction, protocol,
                            hostMAC, mirrorToIP, mirrorToPort);
-  BUNDLE_TRACE("addMirrorRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -302,8 +301,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteMi
   rule_node(node, entryIndex);
   tcapi_unset(node);
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
-  BUNDLE_TRACE("deleteMirrorRuleJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 JNIEXPORT jint JNICALL
@@ -315,8 +313,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteAl
     tcapi_unset(node);
   }
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
-  BUNDLE_TRACE("deleteAllMirrorRuleJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 // "Mirro" is the Java method's own spelling; Java binds by this name.

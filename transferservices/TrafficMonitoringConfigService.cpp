@@ -273,8 +273,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     rc = addMonitorRuleToEntry(&req);
     if (rc < 0) BUNDLE_TRACE_PUTS("monitor rules full");
   }
-  BUNDLE_TRACE("addTrafficMonitoringDestAddressJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -287,9 +286,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     // The same text as the add's failure, kept as the gateway has it.
     if (rc < 0) BUNDLE_TRACE_PUTS("monitor rules full");
   }
-  BUNDLE_TRACE("deleteTrafficMonitoringDestAddressJni: return code = %d   leave============>\n",
-               rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL

@@ -61,8 +61,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_deleteAllTrafficFromFlowJni(
     JNIEnv *, jobject, jint flowId) {
   int rc = brelo_deleteAllTrafficFromFlow(flowId);
-  BUNDLE_TRACE("deleteAllTrafficFromFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -129,8 +128,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_setSpeedLimitByFlowJni(
     JNIEnv *, jobject, jint flowId, jint upLimit, jint downLimit) {
   int rc = brelo_setSpeedLimitByFlow(flowId, upLimit, downLimit);
-  BUNDLE_TRACE("setSpeedLimitByFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -151,8 +149,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_setDSCPRemarkByFlowJni(
     JNIEnv *, jobject, jint flowId, jint dscp) {
   int rc = brelo_setDSCPRemarkByFlow(flowId, dscp);
-  BUNDLE_TRACE("setDSCPRemarkByFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -162,8 +159,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getDSCPRema
   // Exactly -1 fails; any other result hands back whatever the platform left in the value,
   // so a failure that wrote one returns it, and one that wrote nothing reads as -1.
   int ret = brelo_getDSCPRemarkByFlow(flowId, &dscp) == -1 ? -1 : dscp;
-  BUNDLE_TRACE("getDSCPRemarkByFlowJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 }  // extern "C"
