@@ -278,32 +278,32 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
 
   if (list == nullptr) {
     // Nothing was handed over: nothing to free, and no trace on this path.
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
     return bundle::new_reply_string(env, reply.c_str());
   }
 
   if (rc != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
   } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+    reply.append("{\"Result\":0,\"List\":[");
     int printed = 0;
     // Ordered by WAN index, not by the platform's order; only indexes 1..8 are shown.
     for (int index = 1; index <= 8; ++index) {
       for (int i = 0; i < count; ++i) {
         if (list[i].index != index) continue;
         // The hardened profile separates the elements shown, so the list stays valid JSON.
-        if (bundle::hardened_profile() && printed > 0) reply.append("%s", ",");
+        if (bundle::hardened_profile() && printed > 0) reply.append(",");
         // The name is read within its 32-byte field even when the platform filled it whole.
         reply.append("{\"Index\":%d,\"Name\":\"%.32s\"}", index, list[i].name);
         ++printed;
         // The separator follows the platform's count, not the number of elements shown: an
         // element outside 1..8 or a repeated index leaves a trailing comma before "]}" (kept
         // on purpose in the default profile, Java has always read it so).
-        if (!bundle::hardened_profile() && count > printed) reply.append("%s", ",");
+        if (!bundle::hardened_profile() && count > printed) reply.append(",");
         break;
       }
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
 
   jstring result = BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -359,8 +359,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWanIf
   bundle::Reply<1024> reply;
   if (wanIndex < 1) {
     // Index 1 itself is accepted; the message's wording is the one Java bundles know.
-    reply.append("%s",
-                 "{\"Result\":-1,\"FailReason\":\"parameter WanIndex must greater than 1\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter WanIndex must greater than 1\"}");
   } else {
     brelo_wanGetIfBandwidth(wanIndex, us.out(), ds.out());  // result not examined
     reply.append("{\"Result\":0,\"UsBandwidth\":\"%s\",\"DsBandwidth\":\"%s\"}", us.text(),

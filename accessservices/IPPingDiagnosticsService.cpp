@@ -64,9 +64,9 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_getIPP
                  res.minimum_response_time, res.maximum_response_time);
   } else if (rc == -2) {
     // "diagonostics" is how Java bundles have always received it.
-    reply.append("%s", "{\"Result\":-2,\"FailReason\":\"Ping diagonostics not completed\"}");
+    reply.append("{\"Result\":-2,\"FailReason\":\"Ping diagonostics not completed\"}");
   } else {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

@@ -76,7 +76,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
     const int32_t count = res.hop_count;
     reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
     reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
-    reply.append("%s", "\"RouteHops\": [");  // the blank after the colon is part of the reply
+    reply.append("\"RouteHops\": [");  // the blank after the colon is part of the reply
     // The hop array holds no more records than its allocation, whatever the count says.
     const int32_t records = bundle::platform_list_count(hops, count);
     for (int32_t i = 0; i < records && reply.offset() < kHopListCut; ++i) {
@@ -89,16 +89,15 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
       reply.append("\"HopErrorCode\":%u,", hop.error_code);
       reply.append("\"HopRTTimes\":\"%s\"}", hop.rt_times);
       // The comma follows the count, not the cut: a cut list ends with ",]".
-      if (i < count - 1) reply.append("%s", ",");
+      if (i < count - 1) reply.append(",");
     }
-    reply.append("%s", "]");
-    reply.append("%s", "}");
+    reply.append("]");
+    reply.append("}");
   } else if (rc == -2) {
     // "FailReaso1n" (digit one) and "diagonostics" are what Java bundles have always read here.
-    reply.append("%s",
-                 "{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
+    reply.append("{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
   } else {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
   }
 
   if (hops != nullptr) free(hops);

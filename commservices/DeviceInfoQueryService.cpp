@@ -86,7 +86,7 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getAPIVersionJni(
     JNIEnv *env, jobject) {
   bundle::Reply<64> version;
-  version.append("%s", "v1.0");  // plain text, not JSON
+  version.append("v1.0");  // plain text, not JSON
   return BUNDLE_JSON_REPLY(env, version.c_str());
 }
 

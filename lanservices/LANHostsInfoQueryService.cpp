@@ -59,7 +59,7 @@ void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
   } else if (host.attach_point >= 5 && host.attach_point <= 12) {
     snprintf(iface, sizeof iface, "SSID%d", static_cast<unsigned char>(host.attach_point - 4));
   } else {
-    snprintf(iface, sizeof iface, "%s", "UNKNOWN");
+    snprintf(iface, sizeof iface, "UNKNOWN");
   }
   const char *storage = host.storage_access != 0 ? "ON" : "OFF";
   unsigned int online_time = host.online_time;
@@ -86,9 +86,9 @@ void append_host_list(HostListReply &reply, LanHostRecord *list, int count) {
     char mac[18];
     format_mac(list[i].mac, mac);
     append_host(reply, list[i], mac);
-    if (i < count - 1) reply.append("%s", ",");
+    if (i < count - 1) reply.append(",");
   }
-  reply.append("%s", "]}");
+  reply.append("]}");
 }
 
 // Answers whether a MAC text occurs anywhere in a reply that only ever grows, exactly as a
@@ -184,7 +184,7 @@ void append_unique_hosts(HostListReply &reply, MacTextIndex &index, LanHostRecor
     format_mac(list[i].mac, mac);
     if (index.occurs(reply.c_str(), visible_length(reply), mac)) continue;
     append_host(reply, list[i], mac);
-    if (i < count - 1) reply.append("%s", ",");
+    if (i < count - 1) reply.append(",");
   }
 }
 
@@ -246,9 +246,9 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
         reply.append("{\"UpSpeed\":%d,\"DownSpeed\":%d}", static_cast<int>(list[i].up_speed),
                      static_cast<int>(list[i].down_speed));
       }
-      if (i < count - 1) reply.append("%s", ",");
+      if (i < count - 1) reply.append(",");
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
   if (list != nullptr) free(list);
   return bundle::traced_checked_reply(env, native, __LINE__, method, reply.c_str(), kListFailure);
@@ -426,11 +426,11 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     if (rc == 0 && count != 0) {
       // Decided before knowing whether any offline host is new: an all-duplicate second
       // list leaves this comma just before the closing bracket.
-      reply.append("%s", ",");
+      reply.append(",");
       append_unique_hosts(reply, index, list, count);
     }
   }
-  reply.append("%s", "]}");
+  reply.append("]}");
 
   if (rc == -2) {
     // Only the platform's "not completed" fails the query; other results keep the list.

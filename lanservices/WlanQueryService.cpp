@@ -165,13 +165,13 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
   WlanSsidInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetSSIDInfo(ssidIndex, &info) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
   } else {
     bundle::terminate_field(info.bssid);
     bundle::terminate_field(info.ssid);
     char standard[32] = {};
     wlanStandardName(info.standard, standard);
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"Enable\":\"%s\"", bool_text(info.enabled != 0));
     reply.append(",\"BSSID\":\"%s\"", info.bssid);
     reply.append(",\"SSIDName\":\"%s\"", info.ssid);  // not escaped here
@@ -190,9 +190,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
   WlanSsidStatsRecord stats;
   memset(&stats, 0, sizeof stats);
   if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
   } else {
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"TotalBytesSent\":%u", static_cast<unsigned>(stats.bytes_sent));
     reply.append(",\"TotalBytesReceived\":%u", static_cast<unsigned>(stats.bytes_received));
     reply.append(",\"TotalPacketsSent\":%u", static_cast<unsigned>(stats.packets_sent));
@@ -235,15 +235,15 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
   WlanRadioInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
   } else {
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"Channel\":%d", static_cast<int>(info.channel));
     reply.append(",\"AutoChannelEnable\":\"%s\"", bool_text(info.auto_channel != 0));
     reply.append(",\"ChannelsInUse\":\"%s\"", radio == 0 ? k24GChannels : k5GChannels);
     reply.append(",\"TransmitPower\":\"%d\"", power_percent(info.power_level));
     reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
-    reply.append("%s", "}");
+    reply.append("}");
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -277,10 +277,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   }
   size_t off = 0;
   if (rc != 0) {
-    bundle::reply_append(text, cap, &off, "%s",
-                         "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+    bundle::reply_append(text, cap, &off, "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
   } else {
-    bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+    bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
     for (int i = 0; i < n; ++i) {
       WlanNeighborRecord &ap = list[i];
       bundle::terminate_field(ap.ssid);
@@ -299,9 +298,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       bundle::reply_append(text, cap, &off, ",\"Channel\":%d", static_cast<int>(ap.channel));
       bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(ap.rssi));
       bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", standard);
-      if (i != n - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+      if (i != n - 1) bundle::reply_append(text, cap, &off, ",");
     }
-    bundle::reply_append(text, cap, &off, "%s", "]}");
+    bundle::reply_append(text, cap, &off, "]}");
   }
   jstring result = BUNDLE_JSON_REPLY(env, text);
   free(text);
@@ -364,7 +363,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     return nullptr;  // Java receives a null string
   }
   size_t off = 0;
-  bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
   for (int j = 0; j < entries; ++j) {
     const StationReply &r = records[j];
     bundle::reply_append(text, cap, &off, "{\"SSIDIndex\":%d", static_cast<int>(r.ssid_index));
@@ -374,9 +373,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     bundle::reply_append(text, cap, &off, ",\"RxRate\":\"%d\"", static_cast<int>(r.rx_rate));
     bundle::reply_append(text, cap, &off, ",\"TxRate\":\"%d\"", static_cast<int>(r.tx_rate));
     bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", r.standard);
-    if (j != entries - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+    if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
   }
-  bundle::reply_append(text, cap, &off, "%s", "]}");
+  bundle::reply_append(text, cap, &off, "]}");
   jstring result = BUNDLE_JSON_REPLY(env, text);
   free(records);
   free(text);
@@ -403,14 +402,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     if (remaining < 0) remaining = 0;
 
     if (!opened) {
-      reply.append("%s", "{\"Result\":0,\"List\":[");
+      reply.append("{\"Result\":0,\"List\":[");
       opened = true;
     }
     // No separator between two entries: Java's readers expect the objects back to back (kept
     // on purpose), and the index text goes in as it stands. The hardened profile separates the
     // entries and writes the index as a number, so the reply is valid JSON.
     if (bundle::hardened_profile()) {
-      if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append("%s", ",");
+      if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append(",");
       reply.append("{\"SSIDIndex\":%d", atoi(index));
     } else {
       reply.append("{\"SSIDIndex\":%s", index);
@@ -419,8 +418,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
     reply.append(",\"RemainDuration\":%d}", remaining);
   }
-  if (!opened) reply.append("%s", "{\"Result\":0,\"List\":[");
-  reply.append("%s", "]}");
+  if (!opened) reply.append("{\"Result\":0,\"List\":[");
+  reply.append("]}");
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 

@@ -170,7 +170,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getVpnStatCmdJ
   if (brelo_getVpnStatCmd(&status) == 0)
     reply.append("{\"Result\":0,\"Status\":%d}", status);
   else
-    reply.append("%s", "{\"Result\":-1,\"Status\":0}");
+    reply.append("{\"Result\":-1,\"Status\":0}");
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 

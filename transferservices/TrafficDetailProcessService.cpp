@@ -113,7 +113,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
                    transfer::field_text(r.direction), transfer::field_text(r.host_mac),
                    transfer::field_text(r.method_list), transfer::field_text(r.header_list),
                    transfer::field_text(r.bundle_name));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
   }
   reply.finish();

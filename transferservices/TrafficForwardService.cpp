@@ -75,7 +75,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
                    transfer::field_text(r.remote_address), transfer::field_text(r.remote_port),
                    transfer::field_text(r.protocol), transfer::field_text(r.host_mac),
                    transfer::field_text(r.forward_to_ip), static_cast<int>(r.forward_to_port));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
   }
   reply.finish();

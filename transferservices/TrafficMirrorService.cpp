@@ -173,7 +173,7 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
     if (text.is_null()) return -1;
     if (text.get()[0] != '\0') {
       if (strlen(text.get()) > kMacMaxLength) {
-        BUNDLE_TRACE_AS(native, "%s", "mac len is  too long!\n");  // two blanks, spelled so
+        BUNDLE_TRACE_AS(native, "mac len is  too long!\n");  // two blanks, spelled so
         text.keep();  // kept on purpose: a refused text is not given back
         return -1;
       }
@@ -217,13 +217,13 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
   int index = -1;
   if (is_duplicated_traffic_mirror_rule(&rule, &index)) {
     // Not an error: the stored rule's index, and nothing committed.
-    BUNDLE_TRACE_AS(native, "%s", "mirror rule is duplicated\n");
+    BUNDLE_TRACE_AS(native, "mirror rule is duplicated\n");
     return index;
   }
 
   index = find_free_mirror_entry();
   if (index < 0) {
-    BUNDLE_TRACE_AS(native, "%s", "Mirror Entry is full\n");
+    BUNDLE_TRACE_AS(native, "Mirror Entry is full\n");
     return -2;
   }
 
@@ -323,12 +323,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
   char *reply = static_cast<char *>(malloc(kRuleListSize));
   if (reply == nullptr) {
     char failure[128] = {};
-    snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
     return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
-  bundle::reply_append(reply, kRuleListSize, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
   for (int i = 0; i < kMirrorEntries; ++i) {
     char node[kNodeNameSize] = {};
     char mirror_ip[kRuleValueSize] = {};
@@ -352,7 +352,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
   }
-  bundle::reply_append(reply, kRuleListSize, &off, "%s", "]}");
+  bundle::reply_append(reply, kRuleListSize, &off, "]}");
   jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(reply);
   return result;

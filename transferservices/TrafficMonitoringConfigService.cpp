@@ -81,7 +81,7 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
                  MonitorRequest *req) {
   req->dest = static_cast<DestAddress *>(calloc(kMaxDestAddresses, sizeof(DestAddress)));
   if (req->dest == nullptr) {
-    BUNDLE_TRACE_AS(native, "%s", "no memory for the destination addresses\n");
+    BUNDLE_TRACE_AS(native, "no memory for the destination addresses\n");
     return -1;
   }
   int n = bundle::array_length(env, addresses);
@@ -299,12 +299,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     free(collection);
     free(reply);
     char failure[128] = {};
-    snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
     return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
-  bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
     char node[kNodeNameSize] = {};
@@ -315,7 +315,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
 
     bundle::append_object_opener(reply, kQueryBufferSize, &off);
     bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "\"DestAddressList\":[");
+    bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
 
     // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
     // collection buffer (a text that reaches it is cut there).
@@ -336,12 +336,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
          piece = strtok_r(nullptr, ",", &save)) {
       if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
-        bundle::reply_append(reply, kQueryBufferSize, &off, "%s", ",");
+        bundle::reply_append(reply, kQueryBufferSize, &off, ",");
       bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
     }
-    bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
+    bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
   }
-  bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
+  bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
 
   jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(collection);

@@ -76,13 +76,13 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
   if (rc != 0) {
     reply.append("%s", kFlowFailure);
   } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+    reply.append("{\"Result\":0,\"List\":[");
     for (int i = 0; items != nullptr && i < count; ++i) {
       reply.append("{\"RemoteAddress\":\"%s\",\"RemotePort\":\"%s\"}",
                    field_text(items[i].remote_address), field_text(items[i].remote_port));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
   // The platform's items, on failure too: both texts of each, then the array.
   if (items != nullptr) {
@@ -103,7 +103,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getStatsByF
   unsigned long long upstream = 0;
   unsigned long long downstream = 0;
   if (brelo_getStatsByFlow(flowId, &upstream, &downstream) != 0)
-    reply.append("%s", "{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
+    reply.append("{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
   else
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", upstream, downstream);
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -118,7 +118,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedByF
   // The current speed is reported in lower camel case, unlike the limit: kept on purpose,
   // Java reads both spellings.
   if (brelo_getSpeedByFlow(flowId, &up, &down) != 0)
-    reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
+    reply.append("{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -139,7 +139,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedLim
   int down = 0;
   // The limit is reported in upper camel case, unlike the current speed: kept on purpose.
   if (brelo_getSpeedLimitByFlow(flowId, &up, &down) != 0)
-    reply.append("%s", "{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
+    reply.append("{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"UpSpeed\":%d,\"DownSpeed\":%d}", up, down);
   return BUNDLE_JSON_REPLY(env, reply.c_str());

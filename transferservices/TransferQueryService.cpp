@@ -95,7 +95,7 @@ jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *
         size_t off = 0;
         bundle::reply_append(text, cap, &off, "%s", kListHead);
         for (size_t i = 0; i < n; ++i) {
-          if (i != 0) bundle::reply_append(text, cap, &off, "%s", ",");
+          if (i != 0) bundle::reply_append(text, cap, &off, ",");
           append_object(text, cap, &off, &array[i]);
         }
         bundle::reply_append(text, cap, &off, "%s", kListTail);
