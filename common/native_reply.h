@@ -11,7 +11,7 @@
 // traces "<method>: return code = <rc>   leave============>" and gives rc back.
 // BUNDLE_SECRET_REPLY does the same for a reply that carries a secret: the
 // trace shows secret(text), Java receives the text. Only for the exported natives themselves;
-// helpers that reply on a native's behalf use traced_text_reply.
+// helpers that reply on a native's behalf use traced_native_reply.
 #ifndef BUNDLE_COMMON_NATIVE_REPLY_H
 #define BUNDLE_COMMON_NATIVE_REPLY_H
 
@@ -34,6 +34,10 @@ inline int traced_code_reply(TraceName native, int line, const char *method, int
   trace_printf(native, line, "%s: return code = %d   leave============>\n", method, code);
   return code;
 }
+
+// For helpers that reply on behalf of the native `native` (BUNDLE_NATIVE, passed down): the
+// native's closing line, its method taken from its name, then the reply.
+jstring traced_native_reply(JNIEnv *env, TraceName native, int line, const char *text);
 
 template <bool InNative>
 __attribute__((always_inline)) inline jstring closing_reply(jstring reply) {

@@ -118,9 +118,9 @@ void trace_native_printf(int line, const char *fmt, ...) {
   va_end(ap);
 }
 
-void trace_closing_at(const void *where, int line, int kind, const char *text, int code) {
+void trace_closing(TraceName native, int line, int kind, const char *text, int code) {
   if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = native_name_at(where);
+  const char *name = native.where != nullptr ? native_name_at(native.where) : native.name;
   if (name == nullptr) name = "?";
   printf("%s:%d:%s", name, line, method_of(name));
   if (kind == kCodeLine) {
@@ -136,9 +136,9 @@ void trace_native_closing(int line, int kind, ...) {
   va_list ap;
   va_start(ap, kind);
   if (kind == kCodeLine) {
-    trace_closing_at(caller, line, kind, nullptr, va_arg(ap, int));
+    trace_closing(TraceName::at(caller), line, kind, nullptr, va_arg(ap, int));
   } else {
-    trace_closing_at(caller, line, kind, va_arg(ap, const char *), 0);
+    trace_closing(TraceName::at(caller), line, kind, va_arg(ap, const char *), 0);
   }
   va_end(ap);
 }

@@ -8,8 +8,8 @@
 namespace {
 
 // Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity.
-jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *method, const char *name,
-                       const char *vendor, const char *version) {
+jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *name, const char *vendor,
+                       const char *version) {
   char name_field[128] = {};
   char vendor_field[128] = {};
   char version_field[128] = {};
@@ -20,7 +20,7 @@ jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *method
   bundle::Reply<1024> reply;
   reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name_field,
                vendor_field, version_field);
-  return bundle::traced_text_reply(env, native, __LINE__, method, reply.c_str());
+  return bundle::traced_native_reply(env, native, __LINE__, reply.c_str());
 }
 
 }  // namespace
@@ -73,13 +73,13 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceU
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getOSGiInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, BUNDLE_NATIVE, "getOSGiInfoJni", "OSGI", "Apache Felix", "5.4.0");
+  return identity_reply(env, BUNDLE_NATIVE, "OSGI", "Apache Felix", "5.4.0");
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getJVMInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, BUNDLE_NATIVE, "getJVMInfoJni", "JVM", "Oracle", "1.8.0");
+  return identity_reply(env, BUNDLE_NATIVE, "JVM", "Oracle", "1.8.0");
 }
 
 JNIEXPORT jstring JNICALL

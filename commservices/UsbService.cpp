@@ -191,8 +191,7 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIE
     }
     reply.append("]}");
   }
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getStorageInfoJni", reply.c_str(),
-                                      kStorageFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kStorageFailure));
 }
 
 }  // extern "C"

@@ -219,10 +219,10 @@ void free_hosts(LanHostRecord *&list) {
 
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
-                         bundle::TraceName native, const char *method) {
+                         bundle::TraceName native) {
   bundle::HeapMacList list_of_macs(env, macs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
-  if (!list_of_macs.ok()) return bundle::traced_text_reply(env, native, __LINE__, method, kListFailure);
+  if (!list_of_macs.ok()) return bundle::traced_native_reply(env, native, __LINE__, kListFailure);
 
   LanHostStatsRecord *list = nullptr;
   int count = 0;
@@ -251,7 +251,8 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
     reply.append("]}");
   }
   if (list != nullptr) free(list);
-  return bundle::traced_checked_reply(env, native, __LINE__, method, reply.c_str(), kListFailure);
+  return bundle::traced_native_reply(env, native, __LINE__,
+                                     bundle::checked_reply(reply.c_str(), kListFailure));
 }
 
 }  // namespace
@@ -448,13 +449,13 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostStatsJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "Stats", BUNDLE_NATIVE, "getLANHostStatsJni");
+  return host_stats_reply(env, macs, "Stats", BUNDLE_NATIVE);
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostSpeedLimitInfoJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "SpeedMax", BUNDLE_NATIVE, "getLANHostSpeedLimitInfoJni");
+  return host_stats_reply(env, macs, "SpeedMax", BUNDLE_NATIVE);
 }
 
 }  // extern "C"

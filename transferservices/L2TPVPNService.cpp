@@ -189,8 +189,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIp
     reply.append("%s", kIpListFailure);
   // The platform's list goes between the brackets raw; the hardened profile answers the
   // failure reply when that does not make valid JSON.
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getConnectedIpListJni",
-                                      reply.c_str(), kIpListFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kIpListFailure));
 }
 
 JNIEXPORT jint JNICALL

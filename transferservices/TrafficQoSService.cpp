@@ -92,8 +92,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
     }
     free(items);
   }
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getTrafficInfoByFlowJni",
-                                      reply.c_str(), kFlowFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kFlowFailure));
 }
 
 JNIEXPORT jstring JNICALL

@@ -82,8 +82,8 @@ void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
 // allocated nothing for included); so is a non-zero result. The reply goes on the heap, sized
 // for `count` objects; when that cannot be had the query fails.
 template <typename Record>
-jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *method, int rc,
-                   Record *array, int count) {
+jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, int rc, Record *array,
+                   int count) {
   char *text = nullptr;
   if (array != nullptr && rc == 0) {
     size_t n = count > 0 ? static_cast<size_t>(count) : 0;
@@ -102,8 +102,8 @@ jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *
       }
     }
   }
-  jstring reply = bundle::traced_text_reply(env, native, line, method,
-                                            text != nullptr ? text : kFailure);
+  jstring reply =
+      bundle::traced_native_reply(env, native, line, text != nullptr ? text : kFailure);
   free(text);
   free(array);
   return reply;
@@ -120,7 +120,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANB
   int count = 0;
   int rc = brelo_vlanGetBindInfo(&array, &count);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getVLANBindInfoJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -130,8 +130,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
-                    count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -141,7 +140,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -151,8 +150,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
-                    array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -162,8 +160,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
-                    count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 // The bare status name, not JSON; a status outside the table gives the empty text.
