@@ -1,11 +1,15 @@
 // com.lumarest.smartgateway.accessservices.AccessInfoQueryServiceImp: read-only state of the
 // PON access line (optical levels, uptime, registration, uplink counters) and of the WAN
 // connections (list, counters, configuration, bandwidth, connection state, Internet WAN).
+#include <stddef.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
@@ -78,16 +82,6 @@ static_assert(sizeof(WanIfInfoRecord) == 1354, "WanIfInfoRecord is 1354 bytes");
 typedef int (*WanTextGetter)(int pvc, int entry, char *out);
 typedef int (*WanIntGetter)(int pvc, int entry, int *out);
 
-// A text member. The platform's text getters take no size: each writes into a zeroed scratch
-// buffer far larger than any member, and the text is then cut at the member's capacity, so an
-// over-long platform text never runs into the next member or past the record.
-template <size_t N>
-void fill_text(char (&member)[N], WanTextGetter getter, int pvc, int entry) {
-  bundle::PlatformText<512> scratch;
-  getter(pvc, entry, scratch.out());  // result not examined
-  snprintf(member, N, "%s", scratch.text());
-}
-
 // The int a getter reports; a getter that writes nothing leaves 0.
 int get_int(WanIntGetter getter, int pvc, int entry) {
   int value = 0;
@@ -95,62 +89,123 @@ int get_int(WanIntGetter getter, int pvc, int entry) {
   return value;
 }
 
-template <size_t N>
-void fill_number(char (&member)[N], int value) {
-  snprintf(member, N, "%d", value);  // cut at the member's capacity, like every member
+// How a member of the information record is filled from its platform getter.
+enum InfoKind : uint8_t {
+  kInfoText,       // the platform's text
+  kInfoNumber,     // the number, as its text
+  kInfoVlan,       // the number; no multicast VLAN (0) is shown as -1
+  kInfoFlag,       // 1 is "TRUE", anything else "FALSE"
+  kInfoDigitFlag,  // 1 is "1", anything else "0" (the AFTR mode is a digit, not a flag word)
+  kInfoCode,       // the code's text in `codes`
+};
+
+struct InfoField {
+  uint16_t offset;  // of the member in WanIfInfoRecord
+  uint8_t size;     // the member's capacity
+  uint8_t kind;     // InfoKind
+  uint8_t code_count;
+  WanTextGetter text;
+  WanIntGetter number;
+  const char *const *codes;
+};
+
+#define INFO_TEXT(member, getter) \
+  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kInfoText, 0, getter, nullptr, nullptr}
+#define INFO_INT(member, kind, getter) \
+  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kind, 0, nullptr, getter, nullptr}
+#define INFO_CODE(member, codes, getter)                                                     \
+  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kInfoCode,            \
+   sizeof(codes) / sizeof(codes[0]), nullptr, getter, codes}
+
+// The members in the order the platform is asked for them.
+const InfoField kInfoFields[] = {
+    INFO_TEXT(lan_interface, brelo_wanGetLanInterface),
+    INFO_INT(vlan_mode, kInfoNumber, brelo_wanGetVlanMode),
+    INFO_INT(vlan_id_mark, kInfoNumber, brelo_wanGetVlanIdMark),
+    INFO_INT(priority_8021p, kInfoNumber, brelo_wanGet802_1p_priority),
+    INFO_INT(multicast_vlan, kInfoVlan, brelo_wanGetMulticastVlan),
+    INFO_INT(lan_dhcp_enable, kInfoFlag, brelo_wanGetDhcpEnable),
+    INFO_INT(ip_mode, kInfoNumber, brelo_wanGetIpMode),
+    INFO_CODE(connection_type, kConnectionTypes, brelo_wanGetConnectionType),
+    INFO_INT(nat_enabled, kInfoFlag, brelo_wanGetNatEnabled),
+    INFO_TEXT(username, brelo_wanGetUsername),
+    INFO_CODE(addressing_type, kAddressingTypes, brelo_wanGetAddressingType),
+    INFO_TEXT(external_ip_address, brelo_wanGetExternalIpAddress),
+    INFO_TEXT(subnet_mask, brelo_wanGetSubnetMask),
+    INFO_TEXT(default_gateway, brelo_wanGetDefaultGateway),
+    INFO_INT(dns_enabled, kInfoFlag, brelo_wanGetDnsEnabled),
+    INFO_TEXT(dns_servers, brelo_wanGetDnsServers),
+    INFO_TEXT(mac_address, brelo_wanGetMacAddress),
+    INFO_CODE(connection_trigger, kConnectionTriggers, brelo_wanGetConnectionTrigger),
+    INFO_CODE(ipv6_address_origin, kIpv6AddressOrigins, brelo_wanGetIpv6AddressOrigin),
+    INFO_TEXT(ipv6_address, brelo_wanGetIpv6IpAddress),
+    INFO_TEXT(ipv6_dns_servers, brelo_wanGetIpv6DnsServers),
+    INFO_INT(ipv6_prefix_delegation_enabled, kInfoFlag, brelo_wanGetIpv6PrefixDelegationEnabled),
+    INFO_CODE(ipv6_prefix_origin, kIpv6PrefixOrigins, brelo_wanGetIpv6PrefixOrigin),
+    INFO_TEXT(ipv6_prefix, brelo_wanGetIpv6Prefix),
+    INFO_INT(ipv6_prefix_pltime, kInfoNumber, brelo_wanGetIpv6PrefixPltime),
+    INFO_INT(ipv6_prefix_vltime, kInfoNumber, brelo_wanGetIpv6PrefixVltime),
+    INFO_TEXT(ipv6_default_gateway, brelo_wanGetIpv6DefaultGateway),
+    INFO_INT(ipv6_dslite_enable, kInfoFlag, brelo_wanGetIpv6DsliteEnable),
+    INFO_INT(ipv6_aftr_mode, kInfoDigitFlag, brelo_wanGetIpv6AftrMode),
+    INFO_TEXT(ipv6_aftr_address, brelo_wanGetIpv6AftrAddress),
+    INFO_TEXT(service_list, brelo_wanGetServiceList),
+};
+static_assert(sizeof kInfoFields / sizeof kInfoFields[0] == 31, "31 members");
+
+#undef INFO_TEXT
+#undef INFO_INT
+#undef INFO_CODE
+
+// The reply's member names, in the record's order, each followed by a NUL.
+const char kInfoNames[] =
+    "LanInterface\0VLANMode\0VLANIDMark\0802-1pMark\0MulticastVlan\0LanInterface-DHCPEnable\0"
+    "IPMode\0ConnectionType\0NATEnabled\0Username\0AddressingType\0ExternalIPAddress\0"
+    "SubnetMask\0DefaultGateway\0DNSEnabled\0DNSServers\0MACAddress\0ConnectionTrigger\0"
+    "IPv6IPAddressOrigin\0IPv6IPAddress\0IPv6DNSServers\0IPv6PrefixDelegationEnabled\0"
+    "IPv6PrefixOrigin\0IPv6Prefix\0IPv6PrefixPltime\0IPv6PrefixVltime\0IPv6DefaultGateway\0"
+    "IPv6DsliteEnable\0IPv6AftrMode\0IPv6AftrAddress\0ServiceList";
+
+// A text into a member of `size` bytes, cut at size - 1 and terminated.
+void put_text(char *member, size_t size, const char *text) {
+  size_t n = strnlen(text, size - 1);
+  memcpy(member, text, n);
+  member[n] = '\0';
 }
 
-template <size_t N>
-void fill_flag(char (&member)[N], WanIntGetter getter, int pvc, int entry) {
-  snprintf(member, N, "%s", get_int(getter, pvc, entry) == 1 ? "TRUE" : "FALSE");
-}
-
-template <size_t N, size_t T>
-void fill_code(char (&member)[N], const char *const (&table)[T], WanIntGetter getter, int pvc,
-               int entry) {
-  snprintf(member, N, "%s", table_text(table, get_int(getter, pvc, entry)));
-}
-
+// Every member is cut at its capacity. The platform's text getters take no size: each writes
+// into a zeroed scratch buffer far larger than any member, and the text is then cut at the
+// member's capacity, so an over-long platform text never runs into the next member or past
+// the record.
 void fill_info(WanIfInfoRecord *info, int pvc, int entry) {
-  fill_text(info->lan_interface, brelo_wanGetLanInterface, pvc, entry);
-  fill_number(info->vlan_mode, get_int(brelo_wanGetVlanMode, pvc, entry));
-  fill_number(info->vlan_id_mark, get_int(brelo_wanGetVlanIdMark, pvc, entry));
-  fill_number(info->priority_8021p, get_int(brelo_wanGet802_1p_priority, pvc, entry));
-  // No multicast VLAN (0) is shown as -1.
-  int multicast_vlan = get_int(brelo_wanGetMulticastVlan, pvc, entry);
-  fill_number(info->multicast_vlan, multicast_vlan == 0 ? -1 : multicast_vlan);
-  fill_flag(info->lan_dhcp_enable, brelo_wanGetDhcpEnable, pvc, entry);
-  fill_number(info->ip_mode, get_int(brelo_wanGetIpMode, pvc, entry));
-  fill_code(info->connection_type, kConnectionTypes, brelo_wanGetConnectionType, pvc, entry);
-  fill_flag(info->nat_enabled, brelo_wanGetNatEnabled, pvc, entry);
-  fill_text(info->username, brelo_wanGetUsername, pvc, entry);
-  fill_code(info->addressing_type, kAddressingTypes, brelo_wanGetAddressingType, pvc, entry);
-  fill_text(info->external_ip_address, brelo_wanGetExternalIpAddress, pvc, entry);
-  fill_text(info->subnet_mask, brelo_wanGetSubnetMask, pvc, entry);
-  fill_text(info->default_gateway, brelo_wanGetDefaultGateway, pvc, entry);
-  fill_flag(info->dns_enabled, brelo_wanGetDnsEnabled, pvc, entry);
-  fill_text(info->dns_servers, brelo_wanGetDnsServers, pvc, entry);
-  fill_text(info->mac_address, brelo_wanGetMacAddress, pvc, entry);
-  fill_code(info->connection_trigger, kConnectionTriggers, brelo_wanGetConnectionTrigger, pvc,
-            entry);
-  fill_code(info->ipv6_address_origin, kIpv6AddressOrigins, brelo_wanGetIpv6AddressOrigin, pvc,
-            entry);
-  fill_text(info->ipv6_address, brelo_wanGetIpv6IpAddress, pvc, entry);
-  fill_text(info->ipv6_dns_servers, brelo_wanGetIpv6DnsServers, pvc, entry);
-  fill_flag(info->ipv6_prefix_delegation_enabled, brelo_wanGetIpv6PrefixDelegationEnabled, pvc,
-            entry);
-  fill_code(info->ipv6_prefix_origin, kIpv6PrefixOrigins, brelo_wanGetIpv6PrefixOrigin, pvc,
-            entry);
-  fill_text(info->ipv6_prefix, brelo_wanGetIpv6Prefix, pvc, entry);
-  fill_number(info->ipv6_prefix_pltime, get_int(brelo_wanGetIpv6PrefixPltime, pvc, entry));
-  fill_number(info->ipv6_prefix_vltime, get_int(brelo_wanGetIpv6PrefixVltime, pvc, entry));
-  fill_text(info->ipv6_default_gateway, brelo_wanGetIpv6DefaultGateway, pvc, entry);
-  fill_flag(info->ipv6_dslite_enable, brelo_wanGetIpv6DsliteEnable, pvc, entry);
-  // The AFTR mode is a digit, not a flag word.
-  snprintf(info->ipv6_aftr_mode, sizeof info->ipv6_aftr_mode, "%s",
-           get_int(brelo_wanGetIpv6AftrMode, pvc, entry) == 1 ? "1" : "0");
-  fill_text(info->ipv6_aftr_address, brelo_wanGetIpv6AftrAddress, pvc, entry);
-  fill_text(info->service_list, brelo_wanGetServiceList, pvc, entry);
+  char *base = reinterpret_cast<char *>(info);
+  for (const InfoField &field : kInfoFields) {
+    char *member = base + field.offset;
+    if (field.kind == kInfoText) {
+      bundle::PlatformText<512> scratch;
+      field.text(pvc, entry, scratch.out());  // result not examined
+      put_text(member, field.size, scratch.text());
+      continue;
+    }
+    int value = get_int(field.number, pvc, entry);
+    const char *text;
+    switch (field.kind) {
+      case kInfoFlag:
+        text = value == 1 ? "TRUE" : "FALSE";
+        break;
+      case kInfoDigitFlag:
+        text = value == 1 ? "1" : "0";
+        break;
+      case kInfoCode:
+        text = value >= 0 && value < field.code_count ? field.codes[value] : "";
+        break;
+      default:
+        if (field.kind == kInfoVlan && value == 0) value = -1;
+        snprintf(member, field.size, "%d", value);
+        continue;
+    }
+    put_text(member, field.size, text);
+  }
 }
 
 typedef int (*WanStatusGetter)(int *out, int pvc, int entry);
@@ -183,16 +238,14 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   reply.append("\"SupplyVottage\":%d,\"BiasCurrent\":%d}", static_cast<int>(phy.supply_voltage),
                static_cast<int>(phy.bias_current));
 
-  BUNDLE_TRACE("getPONIfPhyStatusJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIfUpTimeJni(
     JNIEnv *, jobject) {
   int uptime = brelo_ponGetDuration();
-  BUNDLE_TRACE("getPONIfUpTimeJni: return code = %d   leave============>\n", uptime);
-  return uptime;
+  return BUNDLE_CODE_REPLY(uptime);
 }
 
 JNIEXPORT jstring JNICALL
@@ -201,9 +254,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   bundle::Reply<4096> reply;
   int state = brelo_ponGetRegInfo();
   reply.append("{\"Result\":0,\"RegisterStatus\":\"%s\"}", table_text(kPonRegisterStates, state));
-  BUNDLE_TRACE("getPONIfRegisterStatusJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -213,8 +264,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getUplin
   unsigned long long us = 0, ds = 0;
   brelo_ponGetUplinkIfStats(&us, &ds);  // result not examined
   reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", us, ds);
-  BUNDLE_TRACE("getUplinkIfStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -228,36 +278,35 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
 
   if (list == nullptr) {
     // Nothing was handed over: nothing to free, and no trace on this path.
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
     return bundle::new_reply_string(env, reply.c_str());
   }
 
   if (rc != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
   } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+    reply.append("{\"Result\":0,\"List\":[");
     int printed = 0;
     // Ordered by WAN index, not by the platform's order; only indexes 1..8 are shown.
     for (int index = 1; index <= 8; ++index) {
       for (int i = 0; i < count; ++i) {
         if (list[i].index != index) continue;
         // The hardened profile separates the elements shown, so the list stays valid JSON.
-        if (bundle::hardened_profile() && printed > 0) reply.append("%s", ",");
+        if (bundle::hardened_profile() && printed > 0) reply.append(",");
         // The name is read within its 32-byte field even when the platform filled it whole.
         reply.append("{\"Index\":%d,\"Name\":\"%.32s\"}", index, list[i].name);
         ++printed;
         // The separator follows the platform's count, not the number of elements shown: an
         // element outside 1..8 or a repeated index leaves a trailing comma before "]}" (kept
         // on purpose in the default profile, Java has always read it so).
-        if (!bundle::hardened_profile() && count > printed) reply.append("%s", ",");
+        if (!bundle::hardened_profile() && count > printed) reply.append(",");
         break;
       }
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
 
-  BUNDLE_TRACE("getWANIfListJni: return json = %s   leave============>\n", reply.c_str());
-  jstring result = bundle::new_reply_string(env, reply.c_str());
+  jstring result = BUNDLE_JSON_REPLY(env, reply.c_str());
   free(list);  // also after a failed call, once the reply is made
   return result;
 }
@@ -272,8 +321,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   } else {
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", us, ds);
   }
-  BUNDLE_TRACE("getWANIfStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -283,8 +331,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append("%s", kParameterError);
-    BUNDLE_TRACE("getWANIfInfoJni: return json = %s   leave============>\n", reply.c_str());
-    return bundle::new_reply_string(env, reply.c_str());
+    return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
   WanIfInfoRecord info;
@@ -292,36 +339,16 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   fill_info(&info, pvc, entry);
 
   // Every member is a JSON string, numbers included; texts go in as the platform gave them.
-  reply.append("{\"Result\":0,\"LanInterface\":\"%s\",\"VLANMode\":\"%s\",", info.lan_interface,
-               info.vlan_mode);
-  reply.append("\"VLANIDMark\":\"%s\",\"802-1pMark\":\"%s\",", info.vlan_id_mark,
-               info.priority_8021p);
-  reply.append("\"MulticastVlan\":\"%s\",\"LanInterface-DHCPEnable\":\"%s\",", info.multicast_vlan,
-               info.lan_dhcp_enable);
-  reply.append("\"IPMode\":\"%s\",\"ConnectionType\":\"%s\",", info.ip_mode, info.connection_type);
-  reply.append("\"NATEnabled\":\"%s\",\"Username\":\"%s\",", info.nat_enabled, info.username);
-  reply.append("\"AddressingType\":\"%s\",\"ExternalIPAddress\":\"%s\",", info.addressing_type,
-               info.external_ip_address);
-  reply.append("\"SubnetMask\":\"%s\",\"DefaultGateway\":\"%s\",", info.subnet_mask,
-               info.default_gateway);
-  reply.append("\"DNSEnabled\":\"%s\",\"DNSServers\":\"%s\",", info.dns_enabled, info.dns_servers);
-  reply.append("\"MACAddress\":\"%s\",\"ConnectionTrigger\":\"%s\",", info.mac_address,
-               info.connection_trigger);
-  reply.append("\"IPv6IPAddressOrigin\":\"%s\",\"IPv6IPAddress\":\"%s\",",
-               info.ipv6_address_origin, info.ipv6_address);
-  reply.append("\"IPv6DNSServers\":\"%s\",\"IPv6PrefixDelegationEnabled\":\"%s\",",
-               info.ipv6_dns_servers, info.ipv6_prefix_delegation_enabled);
-  reply.append("\"IPv6PrefixOrigin\":\"%s\",\"IPv6Prefix\":\"%s\",", info.ipv6_prefix_origin,
-               info.ipv6_prefix);
-  reply.append("\"IPv6PrefixPltime\":\"%s\",\"IPv6PrefixVltime\":\"%s\",", info.ipv6_prefix_pltime,
-               info.ipv6_prefix_vltime);
-  reply.append("\"IPv6DefaultGateway\":\"%s\",\"IPv6DsliteEnable\":\"%s\",",
-               info.ipv6_default_gateway, info.ipv6_dslite_enable);
-  reply.append("\"IPv6AftrMode\":\"%s\",\"IPv6AftrAddress\":\"%s\",\"ServiceList\":\"%s\"}",
-               info.ipv6_aftr_mode, info.ipv6_aftr_address, info.service_list);
+  reply.append("{\"Result\":0,");
+  const char *name = kInfoNames;
+  const char *base = reinterpret_cast<const char *>(&info);
+  for (const InfoField &field : kInfoFields) {
+    reply.append("\"%s\":\"%s\"%s", name, base + field.offset,
+                 &field == &kInfoFields[30] ? "}" : ",");
+    name += strlen(name) + 1;
+  }
 
-  BUNDLE_TRACE("getWANIfInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -332,15 +359,13 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWanIf
   bundle::Reply<1024> reply;
   if (wanIndex < 1) {
     // Index 1 itself is accepted; the message's wording is the one Java bundles know.
-    reply.append("%s",
-                 "{\"Result\":-1,\"FailReason\":\"parameter WanIndex must greater than 1\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"parameter WanIndex must greater than 1\"}");
   } else {
     brelo_wanGetIfBandwidth(wanIndex, us.out(), ds.out());  // result not examined
     reply.append("{\"Result\":0,\"UsBandwidth\":\"%s\",\"DsBandwidth\":\"%s\"}", us.text(),
                  ds.text());
   }
-  BUNDLE_TRACE("getWanIfBandwidthJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -350,8 +375,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append("%s", kParameterError);
-    BUNDLE_TRACE("getWANIfStatusJni: return json = %s   leave============>\n", reply.c_str());
-    return bundle::new_reply_string(env, reply.c_str());
+    return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
   // The four texts of the reply, 400 bytes in all.
@@ -379,16 +403,14 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   reply.append("\"IPv6ConnStatus\":\"%s\",\"LastConnectionError\":\"%s\"}", status.ipv6_status,
                status.last_error);
 
-  BUNDLE_TRACE("getWANIfStatusJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getInternetWANIndexJni(
     JNIEnv *, jobject) {
   int index = brelo_wanGetInternetWANIndex();
-  BUNDLE_TRACE("getInternetWANIndexJni: return code = %d   leave============>\n", index);
-  return index;
+  return BUNDLE_CODE_REPLY(index);
 }
 
 }  // extern "C"

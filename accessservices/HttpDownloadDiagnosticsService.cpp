@@ -2,6 +2,7 @@
 // download speed test that the platform runs in the background, and reports its state.
 #include "accessservices/http_speed_test.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 extern "C" {
 
@@ -13,8 +14,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   bundle::JavaChars url(env, jurl);
   url.keep();  // the platform keeps the pointer: the URL text is never given back
   if (url.is_null()) {
-    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -23,8 +23,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   bundle::read_http_options(params, &req);  // the file length is an upload's only
   parameter.release();
@@ -32,8 +31,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
   // Unlike an upload, a download with a zero duration is not refused.
   req.direction = kHttpDownload;
   int rc = brelo_startHttpSpeedTestDiagnostics(wanIndex, url.get(), &req);
-  BUNDLE_TRACE("startHttpDownloadDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -41,9 +39,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpDownloadDiagnosticsServiceImp_
     JNIEnv *env, jobject) {
   bundle::Reply<1024> reply;
   bundle::http_result_reply(reply, kHttpDownload);
-  BUNDLE_TRACE("getHttpDownloadDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

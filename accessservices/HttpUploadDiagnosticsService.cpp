@@ -2,6 +2,7 @@
 // upload speed test that the platform runs in the background, and reports its state.
 #include "accessservices/http_speed_test.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 extern "C" {
 
@@ -13,29 +14,25 @@ Java_com_lumarest_smartgateway_accessservices_HttpUploadDiagnosticsServiceImp_st
   bundle::JavaChars url(env, jurl);
   url.keep();  // the platform keeps the pointer: the URL text is never given back
   if (url.is_null()) {
-    BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
   if (bundle::is_null_or_empty(parameter.get())) {  // an upload needs its file length
     parameter.release();
-    BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   bundle::ParamTree params;
   if (!params.parse(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   const char *length = params.text("TestFileLength");
   if (length == nullptr) {
     BUNDLE_TRACE_PUTS("JSON Parse TestFileLength failed!");
     parameter.release();
-    BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   // atol of a 32-bit long, sign-extended into the 64-bit member.
   req.file_length = static_cast<uint64_t>(static_cast<int64_t>(bundle::param_int(length)));
@@ -43,13 +40,11 @@ Java_com_lumarest_smartgateway_accessservices_HttpUploadDiagnosticsServiceImp_st
   parameter.release();
 
   if (req.file_length == 0 && req.duration == 0) {  // nothing to measure
-    BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   req.direction = kHttpUpload;
   int rc = brelo_startHttpSpeedTestDiagnostics(wanIndex, url.get(), &req);
-  BUNDLE_TRACE("startHttpUploadDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -57,9 +52,7 @@ Java_com_lumarest_smartgateway_accessservices_HttpUploadDiagnosticsServiceImp_ge
     JNIEnv *env, jobject) {
   bundle::Reply<1024> reply;
   bundle::http_result_reply(reply, kHttpUpload);
-  BUNDLE_TRACE("getHttpUploadDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -2,6 +2,7 @@
 // that the platform runs in the background, and reports its outcome.
 #include "accessservices/diag_params.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_diag.h"
 
 namespace {
@@ -21,8 +22,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   PingRequest req;
   memset(&req, 0, sizeof req);
   if (!bundle::take_host(env, jhost, req.host)) {
-    BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -31,8 +31,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   req.repetitions = params.int_or("NumberOfRepetitions", kDefaultRepetitions);
   req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
@@ -48,8 +47,7 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
                req.host, req.repetitions, req.timeout, req.block_size, req.dscp);
 
   int rc = brelo_startIPPingDiagnostics(wanIndex, &req);
-  BUNDLE_TRACE("startIPPingDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -66,13 +64,11 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_getIPP
                  res.minimum_response_time, res.maximum_response_time);
   } else if (rc == -2) {
     // "diagonostics" is how Java bundles have always received it.
-    reply.append("%s", "{\"Result\":-2,\"FailReason\":\"Ping diagonostics not completed\"}");
+    reply.append("{\"Result\":-2,\"FailReason\":\"Ping diagonostics not completed\"}");
   } else {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
   }
-  BUNDLE_TRACE("getIPPingDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

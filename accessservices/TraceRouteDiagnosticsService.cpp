@@ -5,6 +5,7 @@
 
 #include "accessservices/diag_params.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_diag.h"
 #include "common/platform_list.h"
 
@@ -33,8 +34,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   TraceRouteRequest req;
   memset(&req, 0, sizeof req);
   if (!bundle::take_host(env, jhost, req.host)) {
-    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   bundle::JavaChars parameter(env, jparameter);
@@ -43,8 +43,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   if (!params.parse_optional(parameter.get())) {
     BUNDLE_TRACE_PUTS("JSON Parse format error!");
     parameter.release();
-    BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   req.tries = params.int_or("NumberOfTries", kDefaultTries);
   req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
@@ -60,8 +59,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
   if (req.max_hops == 0) req.max_hops = kDefaultMaxHops;
 
   int rc = brelo_startTraceRouteDiagnostics(wanIndex, &req);
-  BUNDLE_TRACE("startTraceRouteDiagnosticsJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -78,7 +76,7 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
     const int32_t count = res.hop_count;
     reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
     reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
-    reply.append("%s", "\"RouteHops\": [");  // the blank after the colon is part of the reply
+    reply.append("\"RouteHops\": [");  // the blank after the colon is part of the reply
     // The hop array holds no more records than its allocation, whatever the count says.
     const int32_t records = bundle::platform_list_count(hops, count);
     for (int32_t i = 0; i < records && reply.offset() < kHopListCut; ++i) {
@@ -91,22 +89,19 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
       reply.append("\"HopErrorCode\":%u,", hop.error_code);
       reply.append("\"HopRTTimes\":\"%s\"}", hop.rt_times);
       // The comma follows the count, not the cut: a cut list ends with ",]".
-      if (i < count - 1) reply.append("%s", ",");
+      if (i < count - 1) reply.append(",");
     }
-    reply.append("%s", "]");
-    reply.append("%s", "}");
+    reply.append("]");
+    reply.append("}");
   } else if (rc == -2) {
     // "FailReaso1n" (digit one) and "diagonostics" are what Java bundles have always read here.
-    reply.append("%s",
-                 "{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
+    reply.append("{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
   } else {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
   }
 
   if (hops != nullptr) free(hops);
-  BUNDLE_TRACE("getTraceRouteDiagnosticsResultJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

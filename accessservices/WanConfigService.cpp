@@ -6,6 +6,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_wan.h"
 
 namespace {
@@ -83,14 +84,12 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_addWANIfJni(
   for (int i = 0; i < 3; ++i) {
     bundle::JavaChars text(env, texts[i]);
     if (text.is_null()) {
-      BUNDLE_TRACE("addWANIfJni: return code = %d   leave============>\n", -1);
-      return -1;
+      return BUNDLE_CODE_REPLY(-1);
     }
     bool fits = copy_creation_text(*fields[i], text.get());
     text.release();
     if (!fits) {
-      BUNDLE_TRACE("addWANIfJni: return code = %d   leave============>\n", -1);
-      return -1;
+      return BUNDLE_CODE_REPLY(-1);
     }
   }
 
@@ -107,8 +106,7 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_setWANIfJni(
 
   bundle::JavaChars json(env, wanInfoJson);
   if (json.is_null()) {
-    BUNDLE_TRACE("setWANIfJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   int parsed = brelo_wanParseIfInfoParam(json.get(), &change);
   json.release();
@@ -131,8 +129,7 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_setWANIfJni(
   }
 
   int rc = brelo_wanSetIf(wanIndex, &change);
-  BUNDLE_TRACE("setWANIfJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -140,8 +137,7 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_deleteWANIfJni
     JNIEnv *, jobject, jint wanIndex) {
   int rc = -1;
   if (wanIndex >= 1) rc = brelo_wanDeleteIf(wanIndex);
-  BUNDLE_TRACE("deleteWANIfJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

@@ -29,16 +29,16 @@ inline void http_result_reply(Reply<1024> &reply, uint32_t direction) {
   brelo_getHttpSpeedTestDiagnostics(&res);  // the state word tells, not the return value
   switch (res.state) {
     case kHttpOtherError:
-      reply.append("%s", "{\"Result\":\"Other_Error\"}");
+      reply.append("{\"Result\":\"Other_Error\"}");
       break;
     case kHttpErrorTimeout:
-      reply.append("%s", "{\"Result\":\"Error_Timeout\"}");
+      reply.append("{\"Result\":\"Error_Timeout\"}");
       break;
     case kHttpErrorNoResponse:
-      reply.append("%s", "{\"Result\":\"Error_NoResponse\"}");
+      reply.append("{\"Result\":\"Error_NoResponse\"}");
       break;
     case kHttpErrorInitConnectionFailed:
-      reply.append("%s", "{\"Result\":\"Error_InitConnectionFailed\"}");
+      reply.append("{\"Result\":\"Error_InitConnectionFailed\"}");
       break;
     case kHttpCompleted:
       terminate_field(res.rom_time);
@@ -68,10 +68,10 @@ inline void http_result_reply(Reply<1024> &reply, uint32_t direction) {
       }
       break;
     case kHttpRequested:
-      reply.append("%s", "{\"Result\":\"Requested\"}");
+      reply.append("{\"Result\":\"Requested\"}");
       break;
     case kHttpNone:
-      reply.append("%s", "{\"Result\":\"None\"}");
+      reply.append("{\"Result\":\"None\"}");
       break;
     default:
       break;

@@ -3,6 +3,7 @@
 #include <stdio.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_address.h"
 
 extern "C" {
@@ -26,7 +27,7 @@ Java_com_lumarest_smartgateway_addressservices_LANIPInfoQueryServiceImp_getLANHo
       "\"Prefix_len\":\"%s\"}",
       ipv4.text(), first, first[0] != '\0' ? "," : "", ipv6_second.text(), mask.text(),
       prefix_len.text());
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getLANHostIPJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -44,7 +45,7 @@ Java_com_lumarest_smartgateway_addressservices_LANIPInfoQueryServiceImp_getLANDH
                settings.start);
   reply.append("\"DHCPEndIP\":\"%s\",\"DHCPDuration\":%d}", settings.end,
                static_cast<int>(settings.lease));
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getLANDHCPInfoJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -15,16 +15,10 @@
 #include "common/config_tree.h"
 #include "common/ip_valid_check.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 
 namespace {
-
-const char kAddNative[] =
-    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni";
-const char kDeleteNative[] =
-    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_deletePortMappingJni";
-const char kSwitchNative[] =
-    "Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPortMappingSwitchJni";
 
 constexpr int kSlots = 10;
 
@@ -64,8 +58,9 @@ void save_and_commit(const char *node) {
   brelo_tcapi_commit(node);
 }
 
-int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint internal_port,
-                     jstring jprotocol, jstring jclient) {
+// Traces under `native`, the add native.
+int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint external_port,
+                     jint internal_port, jstring jprotocol, jstring jclient) {
   if (wan_index < 0) return -1;
   // Taken as unsigned, so a negative port is refused as well; port 0 is accepted.
   if (static_cast<uint32_t>(external_port) > 65535u) return -1;
@@ -75,7 +70,7 @@ int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint inter
   bundle::JavaChars jp(env, jprotocol);
   if (jp.is_null()) return -1;
   if (strcmp(jp.get(), "TCP") != 0 && strcmp(jp.get(), "UDP") != 0) {
-    BUNDLE_TRACE_AS(kAddNative, "protocol %s is not valid\n", jp.get());
+    BUNDLE_TRACE_AS(native, "protocol %s is not valid\n", jp.get());
     jp.keep();  // kept on purpose: a refused protocol text is never given back
     return -1;
   }
@@ -86,7 +81,7 @@ int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint inter
   bundle::JavaChars jc(env, jclient);
   if (jc.is_null()) return -1;
   if (ipValidCheck(jc.get()) < 0) {
-    BUNDLE_TRACE_AS(kAddNative, "%s is an invalid IP\n", jc.get());
+    BUNDLE_TRACE_AS(native, "%s is an invalid IP\n", jc.get());
     jc.keep();  // kept on purpose: a refused client text is never given back
     return -1;
   }
@@ -98,7 +93,7 @@ int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint inter
   int pvc = 0;
   int entry = 0;
   if (bundle::getPVCEntryByIFIdx(wan_index, &pvc, &entry) < 0) {
-    BUNDLE_TRACE_AS(kAddNative, "wanIndex is not exist: %d\n", wan_index);
+    BUNDLE_TRACE_AS(native, "wanIndex is not exist: %d\n", wan_index);
     return -1;
   }
 
@@ -107,7 +102,7 @@ int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint inter
   snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", pvc, entry);
   bundle::tree_get(node, "ServiceList", service);
   if (strcmp(service, "TR069") == 0) {
-    bundle::trace_puts(kAddNative, __LINE__, "this is TR069 wan, could not set portmapping");
+    bundle::trace_puts(native, __LINE__, "this is TR069 wan, could not set portmapping");
     return -1;
   }
 
@@ -119,7 +114,7 @@ int add_port_mapping(JNIEnv *env, jint wan_index, jint external_port, jint inter
     if (!slot_in_use(used)) slot = s;
   }
   if (slot < 0) {
-    bundle::trace_puts(kAddNative, __LINE__, "VirServer Entry is full");
+    bundle::trace_puts(native, __LINE__, "VirServer Entry is full");
     return -2;
   }
 
@@ -148,9 +143,9 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni(
     JNIEnv *env, jobject, jint wanIndex, jint externalPort, jint internalPort,
     jstring protocol, jstring internalClient) {
-  int rc = add_port_mapping(env, wanIndex, externalPort, internalPort, protocol, internalClient);
-  BUNDLE_TRACE("addPortMappingJni: return code = %d   leave============>\n", rc);
-  return rc;
+  int rc = add_port_mapping(env, BUNDLE_NATIVE, wanIndex, externalPort, internalPort, protocol,
+                            internalClient);
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -159,13 +154,12 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_delet
   int rc = -1;
   char node[64] = {0};
   // WAN index 0 is accepted here (the switch refuses it).
-  if (wanIndex >= 0 && existing_rule(kDeleteNative, wanIndex, portMappingIndex, node)) {
+  if (wanIndex >= 0 && existing_rule(BUNDLE_NATIVE, wanIndex, portMappingIndex, node)) {
     tcapi_unset(node);
     save_and_commit(node);
     rc = 0;
   }
-  BUNDLE_TRACE("deletePortMappingJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -177,13 +171,12 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPo
     // Kept on purpose: stricter than delete (WAN index 0 refused), and the message speaks of
     // the port-mapping index although the WAN index is tested.
     BUNDLE_TRACE_PUTS("port mapping index must greater 0");
-  } else if (existing_rule(kSwitchNative, wanIndex, portMappingIndex, node)) {
+  } else if (existing_rule(BUNDLE_NATIVE, wanIndex, portMappingIndex, node)) {
     tcapi_set(node, "Active", enable == 1 ? "Yes" : "No");
     save_and_commit(node);
     rc = 0;
   }
-  BUNDLE_TRACE("setPortMappingSwitchJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

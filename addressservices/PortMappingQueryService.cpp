@@ -13,6 +13,7 @@
 #include "addressservices/wan_lookup.h"
 #include "common/config_tree.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 
 namespace {
 
@@ -56,11 +57,8 @@ void append_opener(char *buf, size_t cap, size_t *off) {
   bundle::reply_append(buf, cap, off, "%s", after_object ? ",{" : "{");
 }
 
-const char kNative[] =
-    "Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPortMappingInfoJni";
-
 // The display name of the WAN with internal index v (what the trace calls getWANName).
-void wan_name(int v, char (&name)[kWanNameSize]) {
+void wan_name(bundle::TraceName native, int v, char (&name)[kWanNameSize]) {
   char node[64] = {0};
   char vlan_mode[32] = {0};
   char vlan_id[16] = {0};
@@ -77,13 +75,13 @@ void wan_name(int v, char (&name)[kWanNameSize]) {
   snprintf(name, sizeof name, "%s_%s_%s_VID_%s", ifidx, service,
            strcmp(wan_mode, "Route") == 0 ? "R" : "B",
            strcmp(vlan_mode, "TAG") == 0 ? vlan_id : "");
-  BUNDLE_TRACE_AS(kNative, "getWANName: %s\n", name);
+  BUNDLE_TRACE_AS(native, "getWANName: %s\n", name);
 }
 
 // Appends the WAN object of internal index v and its rules, or nothing when no slot is listed.
-void append_wan(char *buf, size_t cap, size_t *off, int v) {
+void append_wan(bundle::TraceName native, char *buf, size_t cap, size_t *off, int v) {
   char name[kWanNameSize] = {0};
-  wan_name(v, name);
+  wan_name(native, v, name);
   if (strstr(name, "TR069") != nullptr) return;  // the management WAN is never listed
   bool listed = false;
   for (int slot = 0; slot < kSlots; ++slot) {
@@ -128,24 +126,23 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   int8_t count = static_cast<int8_t>(bundle::getValidIFIndex(valid, bundle::kQueryWanRoom));
   if (count < 0) {
     bundle::Reply<256> fail;
-    fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
-                                     fail.c_str());
+    fail.append("{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
+    return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t cap = reply_size(count);
   char *buf = static_cast<char *>(calloc(cap, 1));
   if (buf == nullptr) {
     bundle::Reply<256> fail;
-    fail.append("%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni",
-                                     fail.c_str());
+    fail.append("{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t off = 0;
   bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
-  for (int i = 0; i < count; ++i) append_wan(buf, cap, &off, valid[i]);
+  bundle::TraceName native = BUNDLE_NATIVE;
+  for (int i = 0; i < count; ++i) append_wan(native, buf, cap, &off, valid[i]);
   bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
   jstring reply =
-      bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPortMappingInfoJni", buf);
+      BUNDLE_JSON_REPLY(env, buf);
   free(buf);
   return reply;
 }

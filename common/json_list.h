@@ -18,8 +18,8 @@ inline char reply_last_char(const char *buf, size_t cap, size_t off) {
 // Opens the next object of a list: "," then "{" when the reply so far ends with "}" (an
 // object before it), "{" alone otherwise.
 inline void append_object_opener(char *buf, size_t cap, size_t *off) {
-  if (reply_last_char(buf, cap, *off) == '}') reply_append(buf, cap, off, "%s", ",");
-  reply_append(buf, cap, off, "%s", "{");
+  if (reply_last_char(buf, cap, *off) == '}') reply_append(buf, cap, off, ",");
+  reply_append(buf, cap, off, "{");
 }
 
 }  // namespace bundle

@@ -30,6 +30,18 @@ int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...) {
   return n;
 }
 
+ReplyText::ReplyText(char *text, size_t cap) : text_(text), cap_(cap), off_(0) {
+  memset(text, 0, cap);
+}
+
+int ReplyText::append(const char *fmt, ...) {
+  va_list ap;
+  va_start(ap, fmt);
+  int n = reply_vappend(text_, cap_, &off_, fmt, ap);
+  va_end(ap);
+  return n;
+}
+
 namespace {
 
 // Classifies the sequence that starts at s[0]. Returns the number of bytes it spans and sets

@@ -20,32 +20,41 @@ int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list a
 int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...)
     __attribute__((format(printf, 4, 5)));
 
-// A reply composed in a zeroed buffer of N bytes (lives on the caller's stack).
-template <size_t N>
-class Reply {
+// What every reply has whatever its capacity: where its text is, how large it is and how far
+// it has been composed. One copy of the code serves replies of every size.
+class ReplyText {
  public:
-  Reply() : text_{}, off_(0) {}
-  Reply(const Reply &) = delete;
-  Reply &operator=(const Reply &) = delete;
+  ReplyText(const ReplyText &) = delete;
+  ReplyText &operator=(const ReplyText &) = delete;
 
   // Appends a piece where the previous one ended (see reply_vappend).
-  int append(const char *fmt, ...) __attribute__((format(printf, 2, 3))) {
-    va_list ap;
-    va_start(ap, fmt);
-    int n = reply_vappend(text_, N, &off_, fmt, ap);
-    va_end(ap);
-    return n;
-  }
+  int append(const char *fmt, ...) __attribute__((format(printf, 2, 3)));
 
   const char *c_str() const { return text_; }
-  static constexpr size_t capacity() { return N; }
-  // Sum of the formatted lengths so far; larger than capacity() - 1 once the reply was cut.
+  // Sum of the formatted lengths so far; larger than the capacity - 1 once the reply was cut.
   size_t offset() const { return off_; }
-  bool truncated() const { return off_ >= N; }
+  bool truncated() const { return off_ >= cap_; }
+
+ protected:
+  // Zeroes the `cap` bytes of `text`, the reply's buffer.
+  ReplyText(char *text, size_t cap);
 
  private:
-  char text_[N];
+  char *text_;
+  size_t cap_;
   size_t off_;
+};
+
+// A reply composed in a zeroed buffer of N bytes (lives on the caller's stack).
+template <size_t N>
+class Reply : public ReplyText {
+ public:
+  Reply() : ReplyText(buffer_, N) {}
+
+  static constexpr size_t capacity() { return N; }
+
+ private:
+  char buffer_[N];  // zeroed by ReplyText
 };
 
 // A zeroed buffer of N bytes that the platform fills with a NUL-terminated text.

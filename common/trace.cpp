@@ -12,18 +12,6 @@ bool flag_file_exists(const char *path) { return access(path, F_OK) == 0; }
 
 namespace {
 
-void trace_vprintf(const char *fn, int line, const char *fmt, va_list ap) {
-  printf("%s:%d:", fn, line);
-  vprintf(fmt, ap);
-  fflush(stdout);
-}
-
-void trace_line(const char *fn, int line, const char *text) {
-  printf("%s:%d:", fn, line);
-  puts(text);
-  fflush(stdout);
-}
-
 // The exported function of one loaded object that holds an address.
 struct SymbolSearch {
   uintptr_t address;
@@ -87,66 +75,76 @@ const char *native_name_at(const void *address) {
 
 const void *caller_address() { return __builtin_return_address(0); }
 
-void trace_printf(const char *fn, int line, const char *fmt, ...) {
+namespace {
+
+// One trace line under `fn` (a name as such, or the exported native holding an address):
+// "<name>:<line>:" and the formatted message, flushed at once. Nothing when the flag file is
+// absent.
+void trace_vline(TraceName fn, int line, const char *fmt, va_list ap) {
   if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
+  printf("%s:%d:", name != nullptr ? name : "?", line);
+  vprintf(fmt, ap);
+  fflush(stdout);
+}
+
+}  // namespace
+
+void trace_printf(const char *fn, int line, const char *fmt, ...) {
   va_list ap;
   va_start(ap, fmt);
-  trace_vprintf(fn, line, fmt, ap);
+  trace_vline(TraceName(fn), line, fmt, ap);
   va_end(ap);
 }
 
 void trace_printf(TraceName fn, int line, const char *fmt, ...) {
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
   va_list ap;
   va_start(ap, fmt);
-  trace_vprintf(name != nullptr ? name : "?", line, fmt, ap);
+  trace_vline(fn, line, fmt, ap);
   va_end(ap);
 }
 
+// The text and a line feed, as puts() writes them.
 void trace_puts(const char *fn, int line, const char *text) {
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  trace_line(fn, line, text);
+  trace_printf(TraceName(fn), line, "%s\n", text);
 }
 
-void trace_puts(TraceName fn, int line, const char *text) {
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
-  trace_line(name != nullptr ? name : "?", line, text);
-}
+void trace_puts(TraceName fn, int line, const char *text) { trace_printf(fn, line, "%s\n", text); }
 
 void trace_native_printf(int line, const char *fmt, ...) {
-  const void *caller = __builtin_return_address(0);
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = native_name_at(caller);
   va_list ap;
   va_start(ap, fmt);
-  trace_vprintf(name != nullptr ? name : "?", line, fmt, ap);
+  trace_vline(TraceName::at(__builtin_return_address(0)), line, fmt, ap);
   va_end(ap);
+}
+
+void trace_closing(TraceName native, int line, int kind, const char *text, int code) {
+  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
+  const char *name = native.where != nullptr ? native_name_at(native.where) : native.name;
+  if (name == nullptr) name = "?";
+  printf("%s:%d:%s", name, line, method_of(name));
+  if (kind == kCodeLine) {
+    printf(kClosingCode, code);
+  } else {
+    printf(kClosingJson, text);
+  }
+  fflush(stdout);
 }
 
 void trace_native_closing(int line, int kind, ...) {
   const void *caller = __builtin_return_address(0);
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = native_name_at(caller);
-  if (name == nullptr) name = "?";
-  printf("%s:%d:%s", name, line, method_of(name));
   va_list ap;
   va_start(ap, kind);
   if (kind == kCodeLine) {
-    printf(kClosingCode, va_arg(ap, int));
+    trace_closing(TraceName::at(caller), line, kind, nullptr, va_arg(ap, int));
   } else {
-    printf(kClosingJson, va_arg(ap, const char *));
+    trace_closing(TraceName::at(caller), line, kind, va_arg(ap, const char *), 0);
   }
   va_end(ap);
-  fflush(stdout);
 }
 
 void trace_native_puts(int line, const char *text) {
-  const void *caller = __builtin_return_address(0);
-  if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
-  const char *name = native_name_at(caller);
-  trace_line(name != nullptr ? name : "?", line, text);
+  trace_printf(TraceName::at(__builtin_return_address(0)), line, "%s\n", text);
 }
 
 }  // namespace bundle

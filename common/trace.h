@@ -104,6 +104,10 @@ struct Constant {
 // return code (int) or the reply text (const char *).
 __attribute__((noinline)) void trace_native_closing(int line, int kind, ...);
 
+// The closing line of the exported native `native` (its full name, or an address inside it):
+// `kind` a ClosingLine, with `text` for a text reply or `code` for an integer one.
+void trace_closing(TraceName native, int line, int kind, const char *text, int code);
+
 // The exported native (full name) a native's trace line is announced under, given an address
 // inside it; nullptr when no exported function of a loaded library holds `address`.
 const char *native_name_at(const void *address);

@@ -2,6 +2,7 @@
 // levels of the gateway's FTP, web (HTTP) and Samba services and their user accounts. Every
 // native answers 0 on success and -1 on failure; the platform's own code is not passed on.
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_storage.h"
 
 namespace {
@@ -61,16 +62,14 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_se
   int rc = valid_right(right)
                ? normalised(brelo_setFTPRight(right, static_cast<unsigned char>(anonymous)))
                : -1;
-  BUNDLE_TRACE("setFTPRightJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_setHTTPRightJni(
     JNIEnv *, jobject, jint right) {
   int rc = valid_right(right) ? normalised(brelo_setHTTPRight(right)) : -1;
-  BUNDLE_TRACE("setHTTPRightJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -79,8 +78,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_se
   // Kept on purpose: the Samba service has no settable right level, so this reports success
   // and changes nothing.
   int rc = 0;
-  BUNDLE_TRACE("setSambaRightJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -100,8 +98,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_deleteAllFTPAccountJni(
     JNIEnv *, jobject) {
   int rc = normalised(brelo_deleteAllFTPAccount());
-  BUNDLE_TRACE("deleteAllFTPAccountJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -129,8 +126,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightConfigServiceImp_deleteAllSambaAccountJni(
     JNIEnv *, jobject) {
   int rc = normalised(brelo_deleteAllSambaAccount());
-  BUNDLE_TRACE("deleteAllSambaAccountJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

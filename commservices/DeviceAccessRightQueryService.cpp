@@ -7,6 +7,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_storage.h"
 
 namespace {
@@ -54,8 +55,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getFTPRightInfoJni",
-                                    bundle::checked_reply(reply.c_str(), kAccountListFailure));
+  return BUNDLE_SECRET_REPLY(env, bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 
 JNIEXPORT jstring JNICALL
@@ -69,8 +69,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
   } else {
     reply.append("{\"Result\":0,\"Right\":%d,\"Password\":\"%s\"}", right, password.text());
   }
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getHTTPRightInfoJni",
-                                   reply.c_str());
+  return BUNDLE_SECRET_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -87,8 +86,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_get
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getSambaRightInfoJni",
-                                    bundle::checked_reply(reply.c_str(), kAccountListFailure));
+  return BUNDLE_SECRET_REPLY(env, bundle::checked_reply(reply.c_str(), kAccountListFailure));
 }
 
 }  // extern "C"

@@ -2,13 +2,14 @@
 // (identity record, MAC address, uptime, load) and the fixed identity of the OSGi framework
 // and Java virtual machine it runs.
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_device.h"
 
 namespace {
 
 // Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity.
-jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *method, const char *name,
-                       const char *vendor, const char *version) {
+jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *name, const char *vendor,
+                       const char *version) {
   char name_field[128] = {};
   char vendor_field[128] = {};
   char version_field[128] = {};
@@ -19,7 +20,7 @@ jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *method
   bundle::Reply<1024> reply;
   reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name_field,
                vendor_field, version_field);
-  return bundle::traced_text_reply(env, native, __LINE__, method, reply.c_str());
+  return bundle::traced_native_reply(env, native, __LINE__, reply.c_str());
 }
 
 }  // namespace
@@ -51,8 +52,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceI
                static_cast<int>(info.ram_size));
   reply.append("\"MainChipClass\":\"%s\",\"NFC\":\"%s\"}", info.main_chip_class, info.nfc);
 
-  BUNDLE_TRACE("getDeviceInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -60,53 +60,48 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceM
     JNIEnv *env, jobject) {
   bundle::PlatformText<128> mac;
   brelo_deviceGetMac(mac.out());
-  BUNDLE_TRACE("getDeviceMACJni: return json = %s   leave============>\n", mac.text());
-  return bundle::new_reply_string(env, mac.text());
+  return BUNDLE_JSON_REPLY(env, mac.text());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceUpTimeJni(
     JNIEnv *, jobject) {
   int uptime = brelo_deviceGetUpTime();
-  BUNDLE_TRACE("getDeviceUpTimeJni: return code = %d   leave============>\n", uptime);
-  return uptime;
+  return BUNDLE_CODE_REPLY(uptime);
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getOSGiInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, BUNDLE_NATIVE, "getOSGiInfoJni", "OSGI", "Apache Felix", "5.4.0");
+  return identity_reply(env, BUNDLE_NATIVE, "OSGI", "Apache Felix", "5.4.0");
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getJVMInfoJni(
     JNIEnv *env, jobject) {
-  return identity_reply(env, BUNDLE_NATIVE, "getJVMInfoJni", "JVM", "Oracle", "1.8.0");
+  return identity_reply(env, BUNDLE_NATIVE, "JVM", "Oracle", "1.8.0");
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getAPIVersionJni(
     JNIEnv *env, jobject) {
   bundle::Reply<64> version;
-  version.append("%s", "v1.0");  // plain text, not JSON
-  BUNDLE_TRACE("getAPIVersionJni: return json = %s   leave============>\n", version.c_str());
-  return bundle::new_reply_string(env, version.c_str());
+  version.append("v1.0");  // plain text, not JSON
+  return BUNDLE_JSON_REPLY(env, version.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getCPUOccupancyRateJni(
     JNIEnv *, jobject) {
   int rate = brelo_deviceGetCPUOccupancyRate();
-  BUNDLE_TRACE("getCPUOccupancyRateJni: return code = %d   leave============>\n", rate);
-  return rate;
+  return BUNDLE_CODE_REPLY(rate);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getRAMOccupancyRateJni(
     JNIEnv *, jobject) {
   int rate = brelo_deviceGetRAMOccupancyRate();
-  BUNDLE_TRACE("getRAMOccupancyRateJni: return code = %d   leave============>\n", rate);
-  return rate;
+  return BUNDLE_CODE_REPLY(rate);
 }
 
 }  // extern "C"

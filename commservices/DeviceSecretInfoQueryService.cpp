@@ -4,6 +4,7 @@
 // platform's own result code is ignored, so a getter that fails gives the empty text.
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_device.h"
 
 extern "C" {
@@ -13,8 +14,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<64> oui;
   brelo_devInfoGetManufacturerOUI(oui.out());
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceManufacturerOUIJni",
-                                   oui.text());
+  return BUNDLE_JSON_REPLY(env, oui.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -23,8 +23,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
   // 129 bytes, not 128: a 128-character serial number stays terminated.
   bundle::PlatformText<129> serial;
   brelo_devInfoGetSerialNumber(serial.out());
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceSerialNumberJni",
-                                   serial.text());
+  return BUNDLE_JSON_REPLY(env, serial.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -32,8 +31,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetDefaultWebPasswd(password.out(), password.size());
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultWebPasswordJni",
-                                   password.text());
+  return BUNDLE_SECRET_REPLY(env, password.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -41,8 +39,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> ssid;
   brelo_wlanGetDefaultSSIDName(ssid.out(), ssid.size());
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultSSID1NameJni",
-                                   ssid.text());
+  return BUNDLE_JSON_REPLY(env, ssid.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -50,8 +47,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_wlanGetDefaultSSIDPasswd(password.out(), password.size());
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDeviceDefaultSSID1PasswordJni",
-                                   password.text());
+  return BUNDLE_SECRET_REPLY(env, password.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -59,8 +55,7 @@ Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryServiceImp_getD
     JNIEnv *env, jobject) {
   bundle::PlatformText<256> password;
   brelo_devInfoGetPasswd(password.out());  // this getter takes no size
-  return bundle::traced_secret_reply(env, BUNDLE_NATIVE, __LINE__, "getDevicePasswordJni",
-                                   password.text());
+  return BUNDLE_SECRET_REPLY(env, password.text());
 }
 
 }  // extern "C"

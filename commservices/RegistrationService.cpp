@@ -2,6 +2,7 @@
 // with the operator's network by password, submitted and reported. The meaning of the texts,
 // numbers and codes is the platform's; they are passed through unchanged.
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_registration.h"
 
 extern "C" {
@@ -27,8 +28,7 @@ Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_setPasswordRe
     if (have_second) rc = brelo_passwordSetRegistration(first, number1, number2, second);
   }
 
-  BUNDLE_TRACE("setPasswordRegistrationJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -57,8 +57,7 @@ Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_getPasswordRe
   reply.append("\"Limit\":\"%d\",\"Times\":\"%d\",\"Province\":\"%s\"}", static_cast<int>(info.limit),
                static_cast<int>(info.times), shown_province);
 
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPasswordRegistrationInfoJni",
-                                   reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

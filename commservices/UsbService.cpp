@@ -11,6 +11,7 @@
 #include "common/java_bytes.h"
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_usb.h"
 #include "common/shared_int32.h"
 
@@ -81,15 +82,13 @@ JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp
 JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbLockJni(
     JNIEnv *, jobject, jint devId) {
   int rc = zero_or_failure(brelo_usbLock(USB_LEAD_CLASS, USB_LEAD_ANY, USB_LEAD_NONE, devId));
-  BUNDLE_TRACE("usbLockJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbUnlockJni(
     JNIEnv *, jobject, jint devId) {
   int rc = zero_or_failure(brelo_usbUnlock(USB_LEAD_CLASS, USB_LEAD_ANY, USB_LEAD_NONE, devId));
-  BUNDLE_TRACE("usbUnlockJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbOpenJni(
@@ -98,15 +97,13 @@ JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp
   // The result code is not used: the handle says whether the device opened.
   brelo_usbOpen(USB_LEAD_CLASS, USB_LEAD_ANY, USB_LEAD_NONE, devId, &handle);
   g_last_opened_handle.store(handle);
-  BUNDLE_TRACE("usbOpenJni: return code = %d   leave============>\n", handle);
-  return handle;
+  return BUNDLE_CODE_REPLY(handle);
 }
 
 JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbCloseJni(
     JNIEnv *, jobject, jint handle) {
   int rc = zero_or_failure(brelo_usbClose(resolveUsbHandle(handle)));
-  BUNDLE_TRACE("usbCloseJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -115,8 +112,7 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbDataAvailableJni(JN
   int available = brelo_usbDataAvailable(USB_LEAD_CLASS, USB_LEAD_ANY, USB_LEAD_NONE,
                                          resolveUsbHandle(handle));
   int rc = available != 0 ? 1 : -1;
-  BUNDLE_TRACE("usbDataAvailableJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp_usbReadJni(
@@ -169,8 +165,7 @@ JNIEXPORT jint JNICALL Java_com_lumarest_smartgateway_commservices_UsbServiceImp
   settings.setting6 = (static_cast<uint32_t>(setting6) & 0xFFu) == 1u ? 1u : 0u;
   int rc = zero_or_failure(
       brelo_usbSetSerial(USB_LEAD_CLASS, USB_LEAD_ANY, USB_LEAD_NONE, target, &settings));
-  BUNDLE_TRACE("usbSetSerialJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -196,8 +191,7 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIE
     }
     reply.append("]}");
   }
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getStorageInfoJni", reply.c_str(),
-                                      kStorageFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kStorageFailure));
 }
 
 }  // extern "C"

@@ -8,6 +8,7 @@
 #include "common/array_readers.h"
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_lan.h"
 #include "common/platform_list.h"
 #include "lanservices/lan_hosts.h"
@@ -58,7 +59,7 @@ void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
   } else if (host.attach_point >= 5 && host.attach_point <= 12) {
     snprintf(iface, sizeof iface, "SSID%d", static_cast<unsigned char>(host.attach_point - 4));
   } else {
-    snprintf(iface, sizeof iface, "%s", "UNKNOWN");
+    snprintf(iface, sizeof iface, "UNKNOWN");
   }
   const char *storage = host.storage_access != 0 ? "ON" : "OFF";
   unsigned int online_time = host.online_time;
@@ -85,9 +86,9 @@ void append_host_list(HostListReply &reply, LanHostRecord *list, int count) {
     char mac[18];
     format_mac(list[i].mac, mac);
     append_host(reply, list[i], mac);
-    if (i < count - 1) reply.append("%s", ",");
+    if (i < count - 1) reply.append(",");
   }
-  reply.append("%s", "]}");
+  reply.append("]}");
 }
 
 // Answers whether a MAC text occurs anywhere in a reply that only ever grows, exactly as a
@@ -183,7 +184,7 @@ void append_unique_hosts(HostListReply &reply, MacTextIndex &index, LanHostRecor
     format_mac(list[i].mac, mac);
     if (index.occurs(reply.c_str(), visible_length(reply), mac)) continue;
     append_host(reply, list[i], mac);
-    if (i < count - 1) reply.append("%s", ",");
+    if (i < count - 1) reply.append(",");
   }
 }
 
@@ -218,10 +219,10 @@ void free_hosts(LanHostRecord *&list) {
 
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
-                         bundle::TraceName native, const char *method) {
+                         bundle::TraceName native) {
   bundle::HeapMacList list_of_macs(env, macs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
-  if (!list_of_macs.ok()) return bundle::traced_text_reply(env, native, __LINE__, method, kListFailure);
+  if (!list_of_macs.ok()) return bundle::traced_native_reply(env, native, __LINE__, kListFailure);
 
   LanHostStatsRecord *list = nullptr;
   int count = 0;
@@ -245,12 +246,13 @@ jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
         reply.append("{\"UpSpeed\":%d,\"DownSpeed\":%d}", static_cast<int>(list[i].up_speed),
                      static_cast<int>(list[i].down_speed));
       }
-      if (i < count - 1) reply.append("%s", ",");
+      if (i < count - 1) reply.append(",");
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
   if (list != nullptr) free(list);
-  return bundle::traced_checked_reply(env, native, __LINE__, method, reply.c_str(), kListFailure);
+  return bundle::traced_native_reply(env, native, __LINE__,
+                                     bundle::checked_reply(reply.c_str(), kListFailure));
 }
 
 }  // namespace
@@ -262,8 +264,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getGatewa
     JNIEnv *env, jobject) {
   bundle::PlatformText<1024> name;
   brelo_sysGetGatewayName(name.out(), name.size());  // the reply is the buffer, whatever it says
-  BUNDLE_TRACE("getGatewayNameJni: return json = %s   leave============>\n", name.text());
-  return bundle::new_reply_string(env, name.text());
+  return BUNDLE_JSON_REPLY(env, name.text());
 }
 
 JNIEXPORT jstring JNICALL
@@ -275,8 +276,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   };
   bundle::HeapObject<Work> work;
   if (!work.ok()) {
-    BUNDLE_TRACE("getLANHostInfoByMACJni: return json = %s   leave============>\n", kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   bundle::MacList &list_of_macs = work->macs;
   list_of_macs.read(env, macs);
@@ -354,8 +354,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getMacFil
   int mode = 0;
   int rc = brelo_lanGetFilterMode(&mode);
   int result = rc != 0 ? rc : mode;
-  BUNDLE_TRACE("getMacFilterModeJni: return code = %d   leave============>\n", result);
-  return result;
+  return BUNDLE_CODE_REPLY(result);
 }
 
 JNIEXPORT jstring JNICALL
@@ -370,9 +369,7 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   bundle::HeapObject<Work> work;
   if (!work.ok()) {
     name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   HostListReply &reply = work->reply;
 
@@ -430,19 +427,17 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     if (rc == 0 && count != 0) {
       // Decided before knowing whether any offline host is new: an all-duplicate second
       // list leaves this comma just before the closing bracket.
-      reply.append("%s", ",");
+      reply.append(",");
       append_unique_hosts(reply, index, list, count);
     }
   }
-  reply.append("%s", "]}");
+  reply.append("]}");
 
   if (rc == -2) {
     // Only the platform's "not completed" fails the query; other results keep the list.
     free_hosts(list);
     name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 kListFailure);
-    return bundle::new_reply_string(env, kListFailure);
+    return BUNDLE_JSON_REPLY(env, kListFailure);
   }
   free_hosts(list);
   name.release();
@@ -454,13 +449,13 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostStatsJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "Stats", BUNDLE_NATIVE, "getLANHostStatsJni");
+  return host_stats_reply(env, macs, "Stats", BUNDLE_NATIVE);
 }
 
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHostSpeedLimitInfoJni(
     JNIEnv *env, jobject, jobjectArray macs) {
-  return host_stats_reply(env, macs, "SpeedMax", BUNDLE_NATIVE, "getLANHostSpeedLimitInfoJni");
+  return host_stats_reply(env, macs, "SpeedMax", BUNDLE_NATIVE);
 }
 
 }  // extern "C"

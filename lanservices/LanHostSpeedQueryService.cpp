@@ -19,7 +19,7 @@ Java_com_lumarest_smartgateway_lanservices_LanHostSpeedQueryServiceImp_getLANHos
     // Lower-case member names here, unlike the speed-limit list.
     reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
   } else {
-    reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
+    reply.append("{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   }
   BUNDLE_TRACE("getLANHostSpeedJni: return json = %s   leave============>\n", reply.c_str());
   mac_text.release();

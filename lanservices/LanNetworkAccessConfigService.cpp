@@ -3,6 +3,7 @@
 // buffer that cannot be allocated answers -1 before any platform call.
 #include "common/array_readers.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_lan.h"
 #include "lanservices/lan_hosts.h"
 
@@ -49,8 +50,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_setMacFilterModeJni(
     JNIEnv *, jobject, jint mode) {
   int rc = brelo_lanSetFilterMode(mode);
-  BUNDLE_TRACE("setMacFilterModeJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -60,8 +60,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addL
   if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   // The filter mode is neither read nor changed when adding.
   int rc = list.ok() ? add_each(list.entries(), list.count(), kAddBlack) : -1;
-  BUNDLE_TRACE("addLANHostToBlackListJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -73,8 +72,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
     if (list.ok()) rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_BLACK);
   }
-  BUNDLE_TRACE("deleteLANHostFromBlackListJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -89,8 +87,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addL
     rc = add_each(list.entries(), list.count(), kAddStorageBlack);
     brelo_lanSetFilterMode(saved_mode);  // restored whatever the outcome
   }
-  BUNDLE_TRACE("addLANHostToStorageBlackListJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -106,9 +103,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
     rc = brelo_macClearFromList(list.entries(), list.count(), LAN_LIST_STORAGE_BLACK);
     brelo_lanSetFilterMode(saved_mode);
   }
-  BUNDLE_TRACE("deleteLANHostFromStorageBlackListJni: return code = %d   leave============>\n",
-               rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -117,8 +112,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_addL
   bundle::HeapMacList list(env, macs);
   if (bundle::exception_pending(env)) return -1;  // a MAC text could not be obtained
   int rc = list.ok() ? add_each(list.entries(), list.count(), kAddTrust) : -1;
-  BUNDLE_TRACE("addLANHostToTrustListJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -134,8 +128,7 @@ Java_com_lumarest_smartgateway_lanservices_LanNetworkAccessConfigServiceImp_dele
       brelo_lanSetFilterMode(LAN_FILTER_MODE_TRUST);  // its result is ignored
     }
   }
-  BUNDLE_TRACE("deleteLANHostFromTrustListJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

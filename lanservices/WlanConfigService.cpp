@@ -4,6 +4,7 @@
 // owns every range, index and name check.
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_wlan.h"
 
 namespace {
@@ -48,16 +49,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSwitchJni(
     JNIEnv *, jobject, jint ssidIndex, jboolean enable) {
   int ret = success_or_failure(brelo_wlansetWLANSSIDSwitch(ssidIndex, platform_flag(enable)));
-  BUNDLE_TRACE("setWLANSSIDSwitchJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDAdvertisementJni(
     JNIEnv *, jobject, jint ssidIndex, jboolean enabled) {
   int ret = success_or_failure(brelo_wlanSetSSIDAdvertisement(ssidIndex, platform_flag(enabled)));
-  BUNDLE_TRACE("setWLANSSIDAdvertisementJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -65,14 +64,12 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANHardwareS
     JNIEnv *env, jobject, jstring jradioType, jboolean enable) {
   char radio[64] = {};
   if (!read_text(env, jradioType, radio)) {
-    BUNDLE_TRACE("setWLANHardwareSwitchJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
 
   // The platform's own code goes back to Java.
   int ret = brelo_wlanSetWLANRadioSwitch(radio, platform_flag(enable));
-  BUNDLE_TRACE("setWLANHardwareSwitchJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -129,8 +126,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANStandardJ
   // The radio type is read and given back before the standard is read.
   if (read_text(env, jradioType, radio) && read_text(env, jstandard, standard))
     ret = success_or_failure(brelo_wlanSetWLANStandard(radio, standard));
-  BUNDLE_TRACE("setWLANStandardJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -141,8 +137,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioChan
 
   if (read_text(env, jradioType, radio))
     ret = success_or_failure(brelo_wlansetWLANRadioChannel(radio, channel));
-  BUNDLE_TRACE("setWLANRadioChannelJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -153,8 +148,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioPowe
 
   if (read_text(env, jradioType, radio))
     ret = success_or_failure(brelo_wlansetWLANRadioPower(radio, transmitPower));
-  BUNDLE_TRACE("setWLANRadioPowerJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -166,8 +160,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioFreq
 
   if (read_text(env, jradioType, radio) && read_text(env, jfrequencyWidth, width))
     ret = success_or_failure(brelo_wlansetWLANRadioFrequencyWidth(radio, width));
-  BUNDLE_TRACE("setWLANRadioFrequencyWidthJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
@@ -181,32 +174,28 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_startWLANWPSJni(
   } else {
     ret = -100;
   }
-  BUNDLE_TRACE("startWLANWPSJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_stopWLANWPSJni(
     JNIEnv *, jobject, jint ssidIndex) {
   int ret = success_or_failure(brelo_wlanstopWLANWPS(wps_index(ssidIndex)));
-  BUNDLE_TRACE("stopWLANWPSJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_addWLANGuestSSIDJni(
     JNIEnv *, jobject, jint ssidIndex) {
   int ret = brelo_wlansetGuestSSIDIndex(ssidIndex);
-  BUNDLE_TRACE("addWLANGuestSSIDJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_deleteWLANGuestSSIDJni(
     JNIEnv *, jobject, jint ssidIndex) {
   int ret = brelo_wlandelGuestSSID(ssidIndex);
-  BUNDLE_TRACE("deleteWLANGuestSSIDJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 // The two guest tunings are pure pass-throughs: no trace.

@@ -10,6 +10,7 @@
 #include "common/hardened.h"
 #include "common/html_encode.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 #include "common/platform_wlan.h"
 #include "lanservices/lan_hosts.h"
@@ -164,13 +165,13 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
   WlanSsidInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetSSIDInfo(ssidIndex, &info) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
   } else {
     bundle::terminate_field(info.bssid);
     bundle::terminate_field(info.ssid);
     char standard[32] = {};
     wlanStandardName(info.standard, standard);
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"Enable\":\"%s\"", bool_text(info.enabled != 0));
     reply.append(",\"BSSID\":\"%s\"", info.bssid);
     reply.append(",\"SSIDName\":\"%s\"", info.ssid);  // not escaped here
@@ -179,8 +180,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
     reply.append(",\"Standard\":\"%s\"", standard);
     reply.append(",\"EncryptionMode\":\"%s\"}", encryption_name(info.encryption));
   }
-  BUNDLE_TRACE("getWLANSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -190,9 +190,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
   WlanSsidStatsRecord stats;
   memset(&stats, 0, sizeof stats);
   if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
   } else {
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"TotalBytesSent\":%u", static_cast<unsigned>(stats.bytes_sent));
     reply.append(",\"TotalBytesReceived\":%u", static_cast<unsigned>(stats.bytes_received));
     reply.append(",\"TotalPacketsSent\":%u", static_cast<unsigned>(stats.packets_sent));
@@ -202,16 +202,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
     reply.append(",\"DiscardPacketsSent\":%u", static_cast<unsigned>(stats.discard_sent));
     reply.append(",\"DiscardPacketsReceived\":%u}", static_cast<unsigned>(stats.discard_received));
   }
-  BUNDLE_TRACE("getWLANSSIDStatsJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANWPSStatusJni(
     JNIEnv *, jobject, jint ssidIndex) {
   int status = brelo_wlanGetWPSStatus(ssidIndex);
-  BUNDLE_TRACE("getWLANWPSStatusJni: return code = %d   leave============>\n", status);
-  return status;
+  return BUNDLE_CODE_REPLY(status);
 }
 
 JNIEXPORT jboolean JNICALL
@@ -225,8 +223,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSw
 
   int rc = brelo_wlanGetRadioSwitch(radio);
   jboolean on = rc == 1 ? JNI_TRUE : JNI_FALSE;
-  BUNDLE_TRACE("getWLANHardwareSwitchJni: return code = %d   leave============>\n", on);
-  return on;
+  return BUNDLE_CODE_REPLY(on);
 }
 
 JNIEXPORT jstring JNICALL
@@ -238,18 +235,17 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
   WlanRadioInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
-    reply.append("%s", "{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
+    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
   } else {
-    reply.append("%s", "{\"Result\":0");
+    reply.append("{\"Result\":0");
     reply.append(",\"Channel\":%d", static_cast<int>(info.channel));
     reply.append(",\"AutoChannelEnable\":\"%s\"", bool_text(info.auto_channel != 0));
     reply.append(",\"ChannelsInUse\":\"%s\"", radio == 0 ? k24GChannels : k5GChannels);
     reply.append(",\"TransmitPower\":\"%d\"", power_percent(info.power_level));
     reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
-    reply.append("%s", "}");
+    reply.append("}");
   }
-  BUNDLE_TRACE("getWLANRadioInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -281,10 +277,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   }
   size_t off = 0;
   if (rc != 0) {
-    bundle::reply_append(text, cap, &off, "%s",
-                         "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+    bundle::reply_append(text, cap, &off, "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
   } else {
-    bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+    bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
     for (int i = 0; i < n; ++i) {
       WlanNeighborRecord &ap = list[i];
       bundle::terminate_field(ap.ssid);
@@ -303,12 +298,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       bundle::reply_append(text, cap, &off, ",\"Channel\":%d", static_cast<int>(ap.channel));
       bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(ap.rssi));
       bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", standard);
-      if (i != n - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+      if (i != n - 1) bundle::reply_append(text, cap, &off, ",");
     }
-    bundle::reply_append(text, cap, &off, "%s", "]}");
+    bundle::reply_append(text, cap, &off, "]}");
   }
-  BUNDLE_TRACE("getWLANNeighborJni: return json = %s   leave============>\n", text);
-  jstring result = bundle::new_reply_string(env, text);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(text);
   return result;
 }
@@ -322,8 +316,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   bundle::HeapMacList mac_list(env, jmacs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
   if (!mac_list.ok()) {
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   char(*macs)[MAC_ENTRY_SIZE] = mac_list.entries();
   int mac_count = mac_list.count();
@@ -332,8 +325,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   memset(hosts, 0, sizeof hosts);
   int host_count = 0;
   if (brelo_wlanGetHostInfo(hosts, &host_count, macs, mac_count) != 0) {
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   // parseToJsonWlanHostList: one reply record per station, or per requested MAC.
   int n = bounded_count(host_count, WLAN_MAX_HOSTS);
@@ -345,8 +337,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   if (records == nullptr) {
     printf("calloc err\n");
     fflush(stdout);
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kFailure);
-    return bundle::new_reply_string(env, kFailure);
+    return BUNDLE_JSON_REPLY(env, kFailure);
   }
   if (mac_count == 0) {
     for (int i = 0; i < n; ++i) fillWlanHostEntry(&records[i], hosts, i);
@@ -372,7 +363,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     return nullptr;  // Java receives a null string
   }
   size_t off = 0;
-  bundle::reply_append(text, cap, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
   for (int j = 0; j < entries; ++j) {
     const StationReply &r = records[j];
     bundle::reply_append(text, cap, &off, "{\"SSIDIndex\":%d", static_cast<int>(r.ssid_index));
@@ -382,11 +373,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
     bundle::reply_append(text, cap, &off, ",\"RxRate\":\"%d\"", static_cast<int>(r.rx_rate));
     bundle::reply_append(text, cap, &off, ",\"TxRate\":\"%d\"", static_cast<int>(r.tx_rate));
     bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", r.standard);
-    if (j != entries - 1) bundle::reply_append(text, cap, &off, "%s", ",");
+    if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
   }
-  bundle::reply_append(text, cap, &off, "%s", "]}");
-  BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", text);
-  jstring result = bundle::new_reply_string(env, text);
+  bundle::reply_append(text, cap, &off, "]}");
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(records);
   free(text);
   return result;
@@ -412,14 +402,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     if (remaining < 0) remaining = 0;
 
     if (!opened) {
-      reply.append("%s", "{\"Result\":0,\"List\":[");
+      reply.append("{\"Result\":0,\"List\":[");
       opened = true;
     }
     // No separator between two entries: Java's readers expect the objects back to back (kept
     // on purpose), and the index text goes in as it stands. The hardened profile separates the
     // entries and writes the index as a number, so the reply is valid JSON.
     if (bundle::hardened_profile()) {
-      if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append("%s", ",");
+      if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append(",");
       reply.append("{\"SSIDIndex\":%d", atoi(index));
     } else {
       reply.append("{\"SSIDIndex\":%s", index);
@@ -428,10 +418,9 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
     reply.append(",\"RemainDuration\":%d}", remaining);
   }
-  if (!opened) reply.append("%s", "{\"Result\":0,\"List\":[");
-  reply.append("%s", "]}");
-  BUNDLE_TRACE("getGuestSSIDInfoJni: return json = %s   leave============>\n", reply.c_str());
-  return bundle::new_reply_string(env, reply.c_str());
+  if (!opened) reply.append("{\"Result\":0,\"List\":[");
+  reply.append("]}");
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -14,6 +14,7 @@
 #include "common/host_lookup.h"
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_vpn.h"
 
 extern "C" {
@@ -145,7 +146,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
     BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, user, bundle::secret(password));
     reply.append("%s", brelo_vpnOn(server, user, password) == 0 ? kSuccess : kFailure);
   }
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "vpnOnJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -158,7 +159,7 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOffJni(JNIE
     reply.append("%s", kFailure);
   else
     reply.append("%s", brelo_vpnOff(server) == 0 ? kSuccess : kFailure);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "vpnOffJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -169,8 +170,8 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getVpnStatCmdJ
   if (brelo_getVpnStatCmd(&status) == 0)
     reply.append("{\"Result\":0,\"Status\":%d}", status);
   else
-    reply.append("%s", "{\"Result\":-1,\"Status\":0}");
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getVpnStatCmdJni", reply.c_str());
+    reply.append("{\"Result\":-1,\"Status\":0}");
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 // The platform writes the inner part of the JSON array; it is inserted as it stands. The
@@ -188,24 +189,21 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIp
     reply.append("%s", kIpListFailure);
   // The platform's list goes between the brackets raw; the hardened profile answers the
   // failure reply when that does not make valid JSON.
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getConnectedIpListJni",
-                                      reply.c_str(), kIpListFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kIpListFailure));
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_addVpnDestIPJni(
     JNIEnv *env, jobject, jobjectArray destinations) {
   route_destinations(env, destinations, kRouteAdd);
-  BUNDLE_TRACE("addVpnDestIPJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_deleteVpnDestIPJni(
     JNIEnv *env, jobject, jobjectArray destinations) {
   route_destinations(env, destinations, kRouteDelete);
-  BUNDLE_TRACE("deleteVpnDestIPJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 // 0 when `text` is a dotted-quad IPv4 address (see scan_ipv4), else -1.

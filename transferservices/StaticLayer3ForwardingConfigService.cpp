@@ -3,6 +3,7 @@
 #include <stdio.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_route.h"
 
 namespace {
@@ -33,8 +34,7 @@ Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServ
   // read before it are already given back).
   if (!copy_text(env, jdst, dst) || !copy_text(env, jmask, mask) ||
       !copy_text(env, jgateway, gateway) || !copy_text(env, jinterface, ifname)) {
-    BUNDLE_TRACE("addLayer3ForwardingStaticJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   int route_id = brelo_routeAddIp4ForwardingStatic(dst, mask, gateway, ifname);
   BUNDLE_TRACE("addLayer3ForwardingStaticJni: return route id = %d   leave============>\n",
@@ -48,8 +48,7 @@ Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServ
   char prefix[128] = {}, next_hop[64] = {}, ifname[128] = {};
   if (!copy_text(env, jprefix, prefix) || !copy_text(env, jnext_hop, next_hop) ||
       !copy_text(env, jinterface, ifname)) {
-    BUNDLE_TRACE("addIPv6Layer3ForwardingStaticJni: return code = %d   leave============>\n", -1);
-    return -1;
+    return BUNDLE_CODE_REPLY(-1);
   }
   int route_id = brelo_routeAddIp6ForwardingStatic(prefix, next_hop, ifname);
   BUNDLE_TRACE("addIPv6Layer3ForwardingStaticJni: return route id = %d   leave============>\n",
@@ -61,16 +60,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServiceImp_deleteLayer3ForwardingStaticJni(
     JNIEnv *, jobject, jint route_id) {
   int rc = route_id_valid(route_id) ? brelo_routeDeleteIp4ForwardingStatic(route_id) : -1;
-  BUNDLE_TRACE("deleteLayer3ForwardingStaticJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServiceImp_deleteIPv6Layer3ForwardingStaticJni(
     JNIEnv *, jobject, jint route_id) {
   int rc = route_id_valid(route_id) ? brelo_routeDeleteIp6ForwardingStatic(route_id) : -1;
-  BUNDLE_TRACE("deleteIPv6Layer3ForwardingStaticJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

@@ -7,6 +7,7 @@
 
 #include "common/array_readers.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_forward.h"
 #include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
@@ -81,16 +82,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_deleteHTTPTrafficProcessRuleJni(
     JNIEnv *, jobject, jint ruleIndex) {
   int rc = transfer::rule_index_valid(ruleIndex) ? brelo_deleteHTTPTrafficProcessRule(ruleIndex) : -1;
-  BUNDLE_TRACE("deleteHTTPTrafficProcessRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_deleteAllHTTPTrafficProcessRuleJni(
     JNIEnv *, jobject) {
   int rc = brelo_deleteAllHTTPTrafficProcessRule();
-  BUNDLE_TRACE("deleteAllHTTPTrafficProcessRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -114,7 +113,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
                    transfer::field_text(r.direction), transfer::field_text(r.host_mac),
                    transfer::field_text(r.method_list), transfer::field_text(r.header_list),
                    transfer::field_text(r.bundle_name));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
   }
   reply.finish();
@@ -132,8 +131,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getHTTPTrafficProcessRuleInfoJni",
-                                   reply.text());
+  return BUNDLE_JSON_REPLY(env, reply.text());
 }
 
 }  // extern "C"

@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_forward.h"
 #include "common/platform_list.h"
 #include "transferservices/rule_lists.h"
@@ -47,16 +48,14 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_deleteForwardRuleJni(
     JNIEnv *, jobject, jint ruleIndex) {
   int rc = transfer::rule_index_valid(ruleIndex) ? brelo_deleteForwardRule(ruleIndex) : -1;
-  BUNDLE_TRACE("deleteForwardRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_deleteAllForwardRuleJni(
     JNIEnv *, jobject) {
   int rc = brelo_deleteAllForwardRule();
-  BUNDLE_TRACE("deleteAllForwardRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -76,7 +75,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
                    transfer::field_text(r.remote_address), transfer::field_text(r.remote_port),
                    transfer::field_text(r.protocol), transfer::field_text(r.host_mac),
                    transfer::field_text(r.forward_to_ip), static_cast<int>(r.forward_to_port));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
   }
   reply.finish();
@@ -92,7 +91,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficForwardServiceImp_getForw
     }
     free(list);
   }
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getForwardRuleInfoJni", reply.text());
+  return BUNDLE_JSON_REPLY(env, reply.text());
 }
 
 }  // extern "C"

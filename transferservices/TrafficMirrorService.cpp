@@ -7,6 +7,7 @@
 // towards Java. Every change is applied by a delayed commit of "TrafficMirror"; nothing is
 // saved here.
 #include <regex.h>
+#include <stddef.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -16,6 +17,7 @@
 #include "common/ip_valid_check.h"
 #include "common/json_list.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_addrcheck.h"
 #include "common/platform_tcapi.h"
 #include "transferservices/traffic_mirror_rule.h"
@@ -30,6 +32,20 @@ constexpr size_t kMacMaxLength = 32;
 constexpr int kMaxPort = 65535;
 // 255 entries of 128 bytes: the reply of the rule list (a longer list is cut there).
 constexpr size_t kRuleListSize = 32640;
+
+// The text values of a rule in the configuration tree, in the order they are compared and
+// written, each followed by a NUL; and the reply's names for them, in the same order. The
+// mirror-to IP and port come after these.
+const char kRuleKeys[] = "remoteAddress\0remotePort\0direction\0protocol\0hostMAC";
+const char kRuleNames[] = "RemoteAddress\0RemotePort\0Direction\0Protocol\0HostMAC";
+constexpr int kRuleTexts = 5;
+const uint16_t kRuleOffsets[kRuleTexts] = {
+    offsetof(traffic_mirror_rule, remoteAddress), offsetof(traffic_mirror_rule, remotePort),
+    offsetof(traffic_mirror_rule, direction), offsetof(traffic_mirror_rule, protocol),
+    offsetof(traffic_mirror_rule, hostMAC)};
+
+// The next name of a NUL-separated list.
+const char *next_name(const char *name) { return name + strlen(name) + 1; }
 
 const char kCommitNode[] = "TrafficMirror";
 constexpr int kCommitDelay = 3;
@@ -172,7 +188,7 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
     if (text.is_null()) return -1;
     if (text.get()[0] != '\0') {
       if (strlen(text.get()) > kMacMaxLength) {
-        BUNDLE_TRACE_AS(native, "%s", "mac len is  too long!\n");  // two blanks, spelled so
+        BUNDLE_TRACE_AS(native, "mac len is  too long!\n");  // two blanks, spelled so
         text.keep();  // kept on purpose: a refused text is not given back
         return -1;
       }
@@ -216,24 +232,22 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
   int index = -1;
   if (is_duplicated_traffic_mirror_rule(&rule, &index)) {
     // Not an error: the stored rule's index, and nothing committed.
-    BUNDLE_TRACE_AS(native, "%s", "mirror rule is duplicated\n");
+    BUNDLE_TRACE_AS(native, "mirror rule is duplicated\n");
     return index;
   }
 
   index = find_free_mirror_entry();
   if (index < 0) {
-    BUNDLE_TRACE_AS(native, "%s", "Mirror Entry is full\n");
+    BUNDLE_TRACE_AS(native, "Mirror Entry is full\n");
     return -2;
   }
 
   char node[kNodeNameSize] = {};
   char number[64] = {};
   rule_node(node, index);
-  tcapi_set(node, "remoteAddress", remote);
-  tcapi_set(node, "remotePort", port);
-  tcapi_set(node, "direction", direction);
-  tcapi_set(node, "protocol", protocol);
-  tcapi_set(node, "hostMAC", mac);
+  const char *const values[kRuleTexts] = {remote, port, direction, protocol, mac};
+  const char *key = kRuleKeys;
+  for (int f = 0; f < kRuleTexts; ++f, key = next_name(key)) tcapi_set(node, key, values[f]);
   tcapi_set(node, "mirrorToIP", mirror_ip);
   snprintf(number, sizeof number, "%d", static_cast<int>(mirror_port));
   tcapi_set(node, "mirrorToPort", number);
@@ -264,16 +278,13 @@ int is_duplicated_traffic_mirror_rule(const traffic_mirror_rule *rule, int *inde
     bundle::tree_get(node, "mirrorToIP", value);
     if (value[0] == '\0' || strcmp(value, r.mirrorToIP) != 0) continue;
     // Compared in this order, up to the first difference.
-    bundle::tree_get(node, "remoteAddress", value);
-    if (strcmp(value, r.remoteAddress) != 0) continue;
-    bundle::tree_get(node, "remotePort", value);
-    if (strcmp(value, r.remotePort) != 0) continue;
-    bundle::tree_get(node, "direction", value);
-    if (strcmp(value, r.direction) != 0) continue;
-    bundle::tree_get(node, "protocol", value);
-    if (strcmp(value, r.protocol) != 0) continue;
-    bundle::tree_get(node, "hostMAC", value);
-    if (strcmp(value, r.hostMAC) != 0) continue;
+    bool same = true;
+    const char *key = kRuleKeys;
+    for (int f = 0; f < kRuleTexts && same; ++f, key = next_name(key)) {
+      bundle::tree_get(node, key, value);
+      same = strcmp(value, reinterpret_cast<const char *>(&r) + kRuleOffsets[f]) == 0;
+    }
+    if (!same) continue;
     bundle::tree_get(node, "mirrorToPort", value);
     if (atoi(value) != r.mirrorToPort) continue;
     BUNDLE_TRACE("%s:%d===duplicated mirror rule=====\n", __func__, __LINE__);
@@ -289,8 +300,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_addMirro
     jstring protocol, jstring hostMAC, jstring mirrorToIP, jint mirrorToPort) {
   int rc = add_mirror_rule(env, BUNDLE_NATIVE, remoteAddress, remotePort, direction, protocol,
                            hostMAC, mirrorToIP, mirrorToPort);
-  BUNDLE_TRACE("addMirrorRuleJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -301,8 +311,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteMi
   rule_node(node, entryIndex);
   tcapi_unset(node);
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
-  BUNDLE_TRACE("deleteMirrorRuleJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 JNIEXPORT jint JNICALL
@@ -314,8 +323,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteAl
     tcapi_unset(node);
   }
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
-  BUNDLE_TRACE("deleteAllMirrorRuleJni: return code = %d   leave============>\n", 0);
-  return 0;
+  return BUNDLE_CODE_REPLY(0);
 }
 
 // "Mirro" is the Java method's own spelling; Java binds by this name.
@@ -325,37 +333,32 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
   char *reply = static_cast<char *>(malloc(kRuleListSize));
   if (reply == nullptr) {
     char failure[128] = {};
-    snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", failure);
+    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
-  bundle::reply_append(reply, kRuleListSize, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
   for (int i = 0; i < kMirrorEntries; ++i) {
     char node[kNodeNameSize] = {};
     char mirror_ip[kRuleValueSize] = {};
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", mirror_ip);
     if (mirror_ip[0] == '\0') continue;
-    char remote[kRuleValueSize], port[kRuleValueSize], direction[kRuleValueSize];
-    char protocol[kRuleValueSize], mac[kRuleValueSize], mirror_port[kRuleValueSize];
-    bundle::tree_get(node, "remoteAddress", remote);
-    bundle::tree_get(node, "remotePort", port);
-    bundle::tree_get(node, "direction", direction);
-    bundle::tree_get(node, "protocol", protocol);
-    bundle::tree_get(node, "hostMAC", mac);
+    char values[kRuleTexts][kRuleValueSize], mirror_port[kRuleValueSize];
+    const char *key = kRuleKeys;
+    for (int f = 0; f < kRuleTexts; ++f, key = next_name(key))
+      bundle::tree_get(node, key, values[f], kRuleValueSize);
     bundle::tree_get(node, "mirrorToPort", mirror_port);
     bundle::append_object_opener(reply, kRuleListSize, &off);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"RemoteAddress\":\"%s\",", remote);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"RemotePort\":\"%s\",", port);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"Direction\":\"%s\",", direction);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"Protocol\":\"%s\",", protocol);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"HostMAC\":\"%s\",", mac);
+    const char *name = kRuleNames;
+    for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
+      bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
     bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
   }
-  bundle::reply_append(reply, kRuleListSize, &off, "%s", "]}");
-  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getMirroRuleInfoJni", reply);
+  bundle::reply_append(reply, kRuleListSize, &off, "]}");
+  jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(reply);
   return result;
 }

@@ -14,6 +14,7 @@
 #include "common/config_tree.h"
 #include "common/json_list.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_addrcheck.h"
 #include "common/platform_tcapi.h"
 
@@ -80,7 +81,7 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
                  MonitorRequest *req) {
   req->dest = static_cast<DestAddress *>(calloc(kMaxDestAddresses, sizeof(DestAddress)));
   if (req->dest == nullptr) {
-    BUNDLE_TRACE_AS(native, "%s", "no memory for the destination addresses\n");
+    BUNDLE_TRACE_AS(native, "no memory for the destination addresses\n");
     return -1;
   }
   int n = bundle::array_length(env, addresses);
@@ -272,8 +273,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     rc = addMonitorRuleToEntry(&req);
     if (rc < 0) BUNDLE_TRACE_PUTS("monitor rules full");
   }
-  BUNDLE_TRACE("addTrafficMonitoringDestAddressJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -286,9 +286,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     // The same text as the add's failure, kept as the gateway has it.
     if (rc < 0) BUNDLE_TRACE_PUTS("monitor rules full");
   }
-  BUNDLE_TRACE("deleteTrafficMonitoringDestAddressJni: return code = %d   leave============>\n",
-               rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -301,13 +299,12 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     free(collection);
     free(reply);
     char failure[128] = {};
-    snprintf(failure, sizeof failure, "%s", "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
-                                     "getTrafficMonitoringDestAddressInfoJni", failure);
+    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    return BUNDLE_JSON_REPLY(env, failure);
   }
   reply[0] = '\0';
   size_t off = 0;
-  bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "{\"Result\":0,\"List\":[");
+  bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
     char node[kNodeNameSize] = {};
@@ -318,7 +315,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
 
     bundle::append_object_opener(reply, kQueryBufferSize, &off);
     bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "\"DestAddressList\":[");
+    bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
 
     // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
     // collection buffer (a text that reaches it is cut there).
@@ -339,15 +336,14 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
          piece = strtok_r(nullptr, ",", &save)) {
       if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
-        bundle::reply_append(reply, kQueryBufferSize, &off, "%s", ",");
+        bundle::reply_append(reply, kQueryBufferSize, &off, ",");
       bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
     }
-    bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
+    bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
   }
-  bundle::reply_append(reply, kQueryBufferSize, &off, "%s", "]}");
+  bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
 
-  jstring result = bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__,
-                                             "getTrafficMonitoringDestAddressInfoJni", reply);
+  jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(collection);
   free(reply);
   return result;

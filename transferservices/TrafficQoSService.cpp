@@ -7,6 +7,7 @@
 
 #include "common/hardened.h"
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_qos.h"
 #include "common/platform_list.h"
 
@@ -60,8 +61,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_deleteAllTrafficFromFlowJni(
     JNIEnv *, jobject, jint flowId) {
   int rc = brelo_deleteAllTrafficFromFlow(flowId);
-  BUNDLE_TRACE("deleteAllTrafficFromFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -76,13 +76,13 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
   if (rc != 0) {
     reply.append("%s", kFlowFailure);
   } else {
-    reply.append("%s", "{\"Result\":0,\"List\":[");
+    reply.append("{\"Result\":0,\"List\":[");
     for (int i = 0; items != nullptr && i < count; ++i) {
       reply.append("{\"RemoteAddress\":\"%s\",\"RemotePort\":\"%s\"}",
                    field_text(items[i].remote_address), field_text(items[i].remote_port));
-      if (i != count - 1) reply.append("%s", ",");
+      if (i != count - 1) reply.append(",");
     }
-    reply.append("%s", "]}");
+    reply.append("]}");
   }
   // The platform's items, on failure too: both texts of each, then the array.
   if (items != nullptr) {
@@ -92,8 +92,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficI
     }
     free(items);
   }
-  return bundle::traced_checked_reply(env, BUNDLE_NATIVE, __LINE__, "getTrafficInfoByFlowJni",
-                                      reply.c_str(), kFlowFailure);
+  return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kFlowFailure));
 }
 
 JNIEXPORT jstring JNICALL
@@ -103,10 +102,10 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getStatsByF
   unsigned long long upstream = 0;
   unsigned long long downstream = 0;
   if (brelo_getStatsByFlow(flowId, &upstream, &downstream) != 0)
-    reply.append("%s", "{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
+    reply.append("{\"Result\":-1,\"UsStats\":0,\"DsStats\":0}");
   else
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", upstream, downstream);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getStatsByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jstring JNICALL
@@ -118,18 +117,17 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedByF
   // The current speed is reported in lower camel case, unlike the limit: kept on purpose,
   // Java reads both spellings.
   if (brelo_getSpeedByFlow(flowId, &up, &down) != 0)
-    reply.append("%s", "{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
+    reply.append("{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"upSpeed\":%d,\"downSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_setSpeedLimitByFlowJni(
     JNIEnv *, jobject, jint flowId, jint upLimit, jint downLimit) {
   int rc = brelo_setSpeedLimitByFlow(flowId, upLimit, downLimit);
-  BUNDLE_TRACE("setSpeedLimitByFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jstring JNICALL
@@ -140,18 +138,17 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getSpeedLim
   int down = 0;
   // The limit is reported in upper camel case, unlike the current speed: kept on purpose.
   if (brelo_getSpeedLimitByFlow(flowId, &up, &down) != 0)
-    reply.append("%s", "{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
+    reply.append("{\"Result\":-1,\"UpSpeed\":0,\"DownSpeed\":0}");
   else
     reply.append("{\"Result\":0,\"UpSpeed\":%d,\"DownSpeed\":%d}", up, down);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getSpeedLimitByFlowJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_setDSCPRemarkByFlowJni(
     JNIEnv *, jobject, jint flowId, jint dscp) {
   int rc = brelo_setDSCPRemarkByFlow(flowId, dscp);
-  BUNDLE_TRACE("setDSCPRemarkByFlowJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -161,8 +158,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getDSCPRema
   // Exactly -1 fails; any other result hands back whatever the platform left in the value,
   // so a failure that wrote one returns it, and one that wrote nothing reads as -1.
   int ret = brelo_getDSCPRemarkByFlow(flowId, &dscp) == -1 ? -1 : dscp;
-  BUNDLE_TRACE("getDSCPRemarkByFlowJni: return code = %d   leave============>\n", ret);
-  return ret;
+  return BUNDLE_CODE_REPLY(ret);
 }
 
 }  // extern "C"

@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_route.h"
 
@@ -81,8 +82,8 @@ void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
 // allocated nothing for included); so is a non-zero result. The reply goes on the heap, sized
 // for `count` objects; when that cannot be had the query fails.
 template <typename Record>
-jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *method, int rc,
-                   Record *array, int count) {
+jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, int rc, Record *array,
+                   int count) {
   char *text = nullptr;
   if (array != nullptr && rc == 0) {
     size_t n = count > 0 ? static_cast<size_t>(count) : 0;
@@ -94,15 +95,15 @@ jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, const char *
         size_t off = 0;
         bundle::reply_append(text, cap, &off, "%s", kListHead);
         for (size_t i = 0; i < n; ++i) {
-          if (i != 0) bundle::reply_append(text, cap, &off, "%s", ",");
+          if (i != 0) bundle::reply_append(text, cap, &off, ",");
           append_object(text, cap, &off, &array[i]);
         }
         bundle::reply_append(text, cap, &off, "%s", kListTail);
       }
     }
   }
-  jstring reply = bundle::traced_text_reply(env, native, line, method,
-                                            text != nullptr ? text : kFailure);
+  jstring reply =
+      bundle::traced_native_reply(env, native, line, text != nullptr ? text : kFailure);
   free(text);
   free(array);
   return reply;
@@ -119,7 +120,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANB
   int count = 0;
   int rc = brelo_vlanGetBindInfo(&array, &count);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getVLANBindInfoJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -129,8 +130,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingStaticConfigInfoJni", rc, array,
-                    count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -140,7 +140,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getLayer3ForwardingCurrentJni", rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -150,8 +150,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingStaticConfigInfoJni", rc,
-                    array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 JNIEXPORT jstring JNICALL
@@ -161,8 +160,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, "getIPv6Layer3ForwardingCurrentJni", rc, array,
-                    count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
 }
 
 // The bare status name, not JSON; a status outside the table gives the empty text.
@@ -172,7 +170,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVS
   bundle::Reply<256> reply;
   int status = brelo_iptvGetStatus();
   if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getIPTVStatusJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_route.h"
 
 namespace {
@@ -34,8 +35,7 @@ Java_com_lumarest_smartgateway_transferservices_VLANBindConfigServiceImp_setVLAN
   int rc = -1;
   if (read_vlan_text(env, jinterface, lan_interface) && read_vlan_text(env, jbind, bind))
     rc = brelo_setVLANBind(lan_interface, bind);
-  BUNDLE_TRACE("setVLANBindJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 JNIEXPORT jint JNICALL
@@ -44,8 +44,7 @@ Java_com_lumarest_smartgateway_transferservices_VLANBindConfigServiceImp_clearVL
   char lan_interface[kVlanTextSize] = {};
   int rc = -1;
   if (read_vlan_text(env, jinterface, lan_interface)) rc = brelo_clearVLANBind(lan_interface);
-  BUNDLE_TRACE("clearVLANBindJni: return code = %d   leave============>\n", rc);
-  return rc;
+  return BUNDLE_CODE_REPLY(rc);
 }
 
 }  // extern "C"

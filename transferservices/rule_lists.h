@@ -37,7 +37,7 @@ class RuleListText {
 
   // Closes the list (nothing to do after a failure reply).
   void finish() {
-    if (listing_) append("%s", "]}");
+    if (listing_) append("]}");
   }
 
   RuleListText(const RuleListText &) = delete;

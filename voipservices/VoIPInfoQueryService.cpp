@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_voip.h"
 
 namespace {
@@ -63,7 +64,7 @@ Java_com_lumarest_smartgateway_voipservices_VoIPInfoQueryServiceImp_getPOTSInfoJ
   }
 
   reply.append("]}");
-  return bundle::traced_text_reply(env, BUNDLE_NATIVE, __LINE__, "getPOTSInfoJni", reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

@@ -24,7 +24,7 @@ jstring NATIVE(getLANHostSpeedLimitInfoJni)(JNIEnv *, jobject, jobjectArray);
 extern const char *HostClassStr[4];
 }
 
-namespace {
+namespace lan_hosts_info_query_service_test {
 
 using testsupport::CaptureStdout;
 using testsupport::FlagFile;
@@ -756,7 +756,7 @@ TEST_F(ClassQueryOracle, EveryHostTwiceGivesThePlainReply) {
   check("online", 0);
 }
 
-}  // namespace
+}  // namespace lan_hosts_info_query_service_test
 
 // Unity builds compile several test files as one unit: the macros end with the file.
 #undef NATIVE
