@@ -4,16 +4,18 @@
 execute_process(
   COMMAND bash "${SOURCE_DIR}/scripts/gateway-box.sh" --no-build --build-dir "${BUILD_DIR}"
           --script "${SCRIPT}"
-  OUTPUT_VARIABLE out ERROR_VARIABLE out RESULT_VARIABLE rc TIMEOUT 150)
+  OUTPUT_VARIABLE out ERROR_VARIABLE out RESULT_VARIABLE rc TIMEOUT 120)
 message("${out}")
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "the box exited with ${rc}")
 endif()
 file(READ "${EXPECT}" expected)
-string(REPLACE "\n----\n" "\x1f" expected "${expected}")
+# Texts are split at the separator lines through a unit-separator character.
+string(ASCII 31 separator)
+string(REPLACE "\n----\n" "${separator}" expected "${expected}")
 string(REGEX REPLACE "\n$" "" expected "${expected}")
 string(REPLACE ";" "\\;" expected "${expected}")
-string(REPLACE "\x1f" ";" expected "${expected}")
+string(REPLACE "${separator}" ";" expected "${expected}")
 set(rest "${out}")
 foreach(text IN LISTS expected)
   string(FIND "${rest}" "${text}" at)

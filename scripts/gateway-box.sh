@@ -37,10 +37,13 @@ java_dir=/usr/share/java
 # The Gogo command bundle (lb, install, start...) imports the bundle repository's API: that
 # bundle is installed for it, not started (it would go looking for remote repositories).
 installs=("$java_dir/org.apache.felix.bundlerepository.jar")
-bundles=("$java_dir/org.apache.felix.gogo.runtime.jar" "$java_dir/org.apache.felix.gogo.shell.jar"
+bundles=("$java_dir/org.apache.felix.gogo.runtime.jar"
          "$java_dir/org.apache.felix.gogo.command.jar" "$java_dir/gson.jar"
          "$osgi/com.lumarest.smartgateway.bridge.jar" "$osgi/bundlesc.sim.jar" "$osgi/bundlesc.console.jar")
-for b in "${installs[@]}" "${bundles[@]}" "$java_dir/org.apache.felix.main.jar" "$build/lib/libgatewayhost.so"; do
+# The shell starts at a later start level, once every command service is registered: its
+# session (or script) would otherwise race the console bundle's bridge: and sim: commands.
+shell_bundle="$java_dir/org.apache.felix.gogo.shell.jar"
+for b in "${installs[@]}" "${bundles[@]}" "$shell_bundle" "$java_dir/org.apache.felix.main.jar" "$build/lib/libgatewayhost.so"; do
   [[ -f "$b" ]] || { echo "gateway-box.sh: $b is missing (build first, without --no-build)" >&2; exit 2; }
 done
 
@@ -54,6 +57,8 @@ for b in "${bundles[@]}"; do starts+=" file:$b"; done
   echo "felix.auto.deploy.action="
   echo "felix.auto.install.1=file:${installs[0]}"
   echo "felix.auto.start.1=$starts"
+  echo "felix.auto.start.2=file:$shell_bundle"
+  echo "org.osgi.framework.startlevel.beginning=2"
   echo "felix.log.level=2"
   # The launcher knows no execution environment past Java 8 by name: the running VM offers
   # every Java SE level the bundles may ask for.
@@ -90,7 +95,18 @@ cd "$box"
 export LD_LIBRARY_PATH="$build/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
 export LD_PRELOAD="$build/lib/libgatewayhost.so"
 export BRELO_SIM_SAVE="$box/tcapi-saved.ini"
-java -Xcheck:jni \
+# A scripted box whose script fails never reaches its closing "stop 0": a watchdog ends it.
+watchdog=()
+status=0
+if [[ -n "$commands" || -n "$script" ]]; then
+  watchdog=(timeout --kill-after=5 "${BOX_SCRIPT_TIMEOUT:-60}")
+fi
+"${watchdog[@]}" java -Xcheck:jni \
   --add-opens java.base/java.net=ALL-UNNAMED --add-opens java.base/java.security=ALL-UNNAMED \
   -Dfelix.config.properties="file:$box/config.properties" \
-  -jar "$java_dir/org.apache.felix.main.jar"
+  -jar "$java_dir/org.apache.felix.main.jar" || status=$?
+if ((status == 124)); then
+  echo "gateway-box.sh: the script did not reach its end within ${BOX_SCRIPT_TIMEOUT:-60} s" \
+       "(a command above failed?); the framework was stopped" >&2
+fi
+exit "$status"
