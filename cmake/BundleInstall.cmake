@@ -15,7 +15,7 @@
 
 include(GNUInstallDirs)
 
-if(CMAKE_CROSSCOMPILING)
+if(CMAKE_CROSSCOMPILING OR BUNDLE_SANITIZE)
   set(java_default OFF)
 else()
   set(java_default ON)
