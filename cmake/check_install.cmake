@@ -145,6 +145,12 @@ if(MODE STREQUAL "host")
     check_runpath("${full}/usr/${LIBDIR}/bundle_sc/simulator/${lib}" "$ORIGIN")
   endforeach()
 
+  execute_process(COMMAND "${full}/usr/${BINDIR}/bundle_sc-simulator"
+                  RESULT_VARIABLE rc ERROR_VARIABLE usage)
+  if(NOT rc EQUAL 2 OR NOT usage MATCHES "^usage: bundle_sc-simulator command")
+    message(SEND_ERROR "install: bundle_sc-simulator without a command: ${rc} ${usage}")
+  endif()
+
   # A JVM with the installed jar, library and simulator. The installed state is marked, so the
   # reply shows that the installed simulator read it (and not the source tree's).
   if("services_jar" IN_LIST FEATURES)
