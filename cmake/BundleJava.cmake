@@ -12,6 +12,12 @@ if(BUILD_TESTING AND BUNDLE_HAVE_SIM)
   endif()
   set(bundle_java_tests ON)
 endif()
+# Gson reads and writes the console's JSON arguments (Debian: libgoogle-gson-java); every class
+# path that runs the console has it.
+set(BUNDLE_GSON_JAR "/usr/share/java/gson.jar" CACHE FILEPATH "Gson jar (Debian: libgoogle-gson-java)")
+if(NOT EXISTS "${BUNDLE_GSON_JAR}")
+  message(FATAL_ERROR "Gson not found at ${BUNDLE_GSON_JAR} (Debian package libgoogle-gson-java)")
+endif()
 set(junit_compile_cp "${BUNDLE_JAVA_LIBS}/junit-jupiter-api.jar:${BUNDLE_JAVA_LIBS}/junit-jupiter-params.jar:${BUNDLE_JAVA_LIBS}/apiguardian-api.jar:${BUNDLE_JAVA_LIBS}/opentest4j.jar")
 
 set(java_out "${CMAKE_BINARY_DIR}/java")
@@ -20,20 +26,42 @@ set(java_test_classes "${java_out}/test-classes")
 
 file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
      "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
-     "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java")
+     "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java"
+     "${CMAKE_SOURCE_DIR}/java/doc/*.java")
 file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
+
+# The console's catalog: the classes the library exports natives for, one binary name a line,
+# from the export list (Java_<package path>_<Class>_<method>[__<signature>]).
+set(bundle_map "${CMAKE_SOURCE_DIR}/common/libbundle_sc.map")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${bundle_map}")
+file(STRINGS "${bundle_map}" map_natives REGEX "^[ \t]*Java_[A-Za-z0-9_]+;")
+set(service_classes "")
+foreach(line IN LISTS map_natives)
+  string(REGEX REPLACE "^[ \t]*Java_([A-Za-z0-9_]+);.*$" "\\1" symbol "${line}")
+  string(REGEX REPLACE "__.*$" "" symbol "${symbol}")
+  string(REGEX REPLACE "_[^_]+$" "" class "${symbol}")
+  string(REPLACE "_" "." class "${class}")
+  list(APPEND service_classes "${class}")
+endforeach()
+list(REMOVE_DUPLICATES service_classes)
+list(SORT service_classes)
+list(JOIN service_classes "\n" service_classes_text)
+set(BUNDLE_SERVICE_CLASSES_LIST "${java_out}/service-classes.txt")
+file(CONFIGURE OUTPUT "${BUNDLE_SERVICE_CLASSES_LIST}" CONTENT "${service_classes_text}\n" @ONLY)
 
 add_custom_command(OUTPUT "${java_out}/classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${BUNDLE_JAVA_CLASSES}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
-          -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
+          -cp "${BUNDLE_GSON_JAR}" -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
+  COMMAND ${CMAKE_COMMAND} -E copy "${BUNDLE_SERVICE_CLASSES_LIST}"
+          "${BUNDLE_JAVA_CLASSES}/bundlesc/console/service-classes.txt"
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
-  DEPENDS ${java_main_sources}
-  COMMENT "Compiling the Java service classes, simulator control, console and benchmark (Java 8)")
+  DEPENDS ${java_main_sources} "${BUNDLE_SERVICE_CLASSES_LIST}"
+  COMMENT "Compiling the Java service classes, simulator control, console, benchmark and reference tool (Java 8)")
 add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
-          -cp "${BUNDLE_JAVA_CLASSES}:${junit_compile_cp}" -d "${java_test_classes}"
+          -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}:${junit_compile_cp}" -d "${java_test_classes}"
           ${java_test_sources}
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/test-classes.stamp"
   DEPENDS ${java_test_sources} "${java_out}/classes.stamp"
@@ -75,7 +103,7 @@ if(bundle_java_tests)
       add_test(NAME ${name}
         COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
                 -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
-                --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" --select-class ${class})
+                --class-path "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}:${java_test_classes}" --select-class ${class})
       list(APPEND jvm_test_names ${name})
     else()
       list(APPEND shared_selects --select-class ${class})
@@ -84,7 +112,7 @@ if(bundle_java_tests)
   add_test(NAME jvm.services
     COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
             -jar "${junit_console}" --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
-            --class-path "${BUNDLE_JAVA_CLASSES}:${java_test_classes}" ${shared_selects}
+            --class-path "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}:${java_test_classes}" ${shared_selects}
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
   list(APPEND jvm_test_names jvm.services)
   set_tests_properties(${jvm_test_names} PROPERTIES
@@ -103,10 +131,16 @@ if(bundle_java_tests)
   list(LENGTH exported_natives exported_native_count)
   add_test(NAME jvm.bench-smoke
     COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
-            -cp "${BUNDLE_JAVA_CLASSES}" bundlesc.bench.BridgeBench --smoke
+            -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
     RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
+
+# The Javadoc reference of the service classes, its overview and its checked examples.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
+
+# The bridge and simulator bundles, and the osgi.* tier.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleOsgi.cmake")

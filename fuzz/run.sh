@@ -51,21 +51,25 @@ run_libfuzzer() {
 
 # The console's argument parser: bundlesc.fuzz.ConsoleFuzz (java/fuzz), coverage from JaCoCo.
 run_console() {
-  "$root/scripts/ensure-packages.sh" libjacoco-java openjdk-17-jdk-headless junit5 >/dev/null
+  "$root/scripts/ensure-packages.sh" libjacoco-java openjdk-17-jdk-headless junit5 libgoogle-gson-java >/dev/null
   j=/usr/share/java
   out="$build/console-fuzz"
   rm -rf "$out" && mkdir -p "$out/classes" "$out/test-classes" "$out/fuzz-classes"
-  javac --release 8 -encoding UTF-8 -nowarn -d "$out/classes" \
+  javac --release 8 -encoding UTF-8 -nowarn -cp "$j/gson.jar" -d "$out/classes" \
         $(find "$root/java/services" "$root/java/console" -name '*.java')
+  # The console's catalog: the classes the library exports natives for.
+  grep -oE 'Java_[A-Za-z0-9_]+' "$root/common/libbundle_sc.map" \
+    | sed -E 's/__.*//; s/^Java_//; s/_[^_]+$//; s/_/./g' | sort -u \
+    >"$out/classes/bundlesc/console/service-classes.txt"
   javac --release 8 -encoding UTF-8 -nowarn \
-        -cp "$out/classes:$j/junit-jupiter-api.jar:$j/apiguardian-api.jar:$j/opentest4j.jar" \
+        -cp "$out/classes:$j/gson.jar:$j/junit-jupiter-api.jar:$j/apiguardian-api.jar:$j/opentest4j.jar" \
         -d "$out/test-classes" "$root/java/tests/bundlesc/console/ConsoleArgumentsCorpusTest.java"
   javac --release 8 -encoding UTF-8 -nowarn -cp "$j/org.jacoco.core.jar" -d "$out/fuzz-classes" \
         $(find "$root/java/fuzz" -name '*.java')
   corpus="$here/corpus/console"
   log="$build/fuzz-console.log"
   mkdir -p "$build/fuzz-corpus/console" "$corpus/crash"
-  cp="$out/fuzz-classes:$out/classes:$j/org.jacoco.core.jar:$j/asm.jar:$j/asm-commons.jar:$j/asm-tree.jar"
+  cp="$out/fuzz-classes:$out/classes:$j/gson.jar:$j/org.jacoco.core.jar:$j/asm.jar:$j/asm-commons.jar:$j/asm-tree.jar"
   cp="$cp:$j/junit-jupiter-api.jar:$j/apiguardian-api.jar:$j/opentest4j.jar"
   # No library on java.library.path: if parsing ever initialised a service class, loading the
   # library would fail and the error would be a finding.

@@ -1,7 +1,13 @@
 package bundlesc.console;
 
+import java.io.IOException;
+import java.io.StringReader;
 import java.util.ArrayList;
 import java.util.List;
+
+import com.google.gson.GsonBuilder;
+import com.google.gson.stream.JsonReader;
+import com.google.gson.stream.JsonToken;
 
 /**
  * Turns command text into Java values for a native call: splits batch lines into
@@ -204,7 +210,7 @@ final class ArgumentParser {
         }
         long value = 0;
         for (int i = 0; i < s.length(); i++) {
-            int digit = JsonArrays.hexDigit(s.charAt(i));
+            int digit = hexDigit(s.charAt(i));
             if (digit < 0 || digit >= radix) {
                 throw notAnInt(text, where);
             }
@@ -249,12 +255,44 @@ final class ArgumentParser {
         if (text.trim().equals("null")) {
             return null;
         }
+        List<String> values = new ArrayList<String>();
         try {
-            List<String> values = JsonArrays.parseStringArray(text);
-            return values.toArray(new String[0]);
-        } catch (JsonArrays.SyntaxException e) {
+            JsonReader reader = openArray(text);
+            while (reader.hasNext()) {
+                if (reader.peek() == JsonToken.NULL) {
+                    reader.nextNull();
+                    values.add(null);
+                } else if (reader.peek() == JsonToken.STRING) {
+                    values.add(reader.nextString());
+                } else {
+                    throw new IOException("element " + (values.size() + 1)
+                            + ": expected a string in double quotes or null");
+                }
+            }
+            closeArray(reader);
+        } catch (IOException | RuntimeException e) {
             throw new ArgumentException(where + ": invalid JSON array of strings: " + e.getMessage()
                     + " (expected e.g. [\"a\",\"b\"] or null)");
+        }
+        return values.toArray(new String[0]);
+    }
+
+    /** A strict JSON reader positioned inside the array {@code text} must start with. */
+    private static JsonReader openArray(String text) throws IOException {
+        JsonReader reader = new JsonReader(new StringReader(text));
+        reader.setLenient(false);
+        if (text.trim().isEmpty() || reader.peek() != JsonToken.BEGIN_ARRAY) {
+            throw new IOException("expected a JSON array");
+        }
+        reader.beginArray();
+        return reader;
+    }
+
+    /** Reads the closing bracket; nothing but whitespace may follow it. */
+    private static void closeArray(JsonReader reader) throws IOException {
+        reader.endArray();
+        if (reader.peek() != JsonToken.END_DOCUMENT) {
+            throw new IOException("unexpected text after the closing ']'");
         }
     }
 
@@ -279,10 +317,23 @@ final class ArgumentParser {
             }
             return new byte[n];
         }
-        List<Long> values;
+        List<Long> values = new ArrayList<Long>();
         try {
-            values = JsonArrays.parseIntegerArray(text);
-        } catch (JsonArrays.SyntaxException e) {
+            JsonReader reader = openArray(text);
+            while (reader.hasNext()) {
+                if (reader.peek() != JsonToken.NUMBER) {
+                    throw new IOException("element " + (values.size() + 1) + ": expected a whole number");
+                }
+                String number = reader.nextString();
+                try {
+                    values.add(Long.parseLong(number));
+                } catch (NumberFormatException e) {
+                    throw new IOException("element " + (values.size() + 1) + " (" + number
+                            + ") is not a whole number");
+                }
+            }
+            closeArray(reader);
+        } catch (IOException | RuntimeException e) {
             throw new ArgumentException(where + ": invalid byte array: " + e.getMessage()
                     + " (expected e.g. [1,-2,255], hex:0a0bff, zeros:64 or null)");
         }
@@ -305,8 +356,8 @@ final class ArgumentParser {
         }
         byte[] bytes = new byte[digits.length() / 2];
         for (int i = 0; i < bytes.length; i++) {
-            int hi = JsonArrays.hexDigit(digits.charAt(2 * i));
-            int lo = JsonArrays.hexDigit(digits.charAt(2 * i + 1));
+            int hi = hexDigit(digits.charAt(2 * i));
+            int lo = hexDigit(digits.charAt(2 * i + 1));
             if (hi < 0 || lo < 0) {
                 throw new ArgumentException(where + ": hex: contains a non-hex character near position "
                         + (2 * i + 1) + " of '" + digits + "'");
@@ -316,7 +367,26 @@ final class ArgumentParser {
         return bytes;
     }
 
+    /** The value of an ASCII hex digit, or -1 (digits of other scripts are not digits here). */
+    static int hexDigit(char c) {
+        if (c >= '0' && c <= '9') {
+            return c - '0';
+        }
+        if (c >= 'a' && c <= 'f') {
+            return c - 'a' + 10;
+        }
+        if (c >= 'A' && c <= 'F') {
+            return c - 'A' + 10;
+        }
+        return -1;
+    }
+
     // ---- output ------------------------------------------------------------------------
+
+    /** Writes a string array as compact JSON, {@code null} elements as {@code null}. */
+    static String formatStringArray(String[] values) {
+        return new GsonBuilder().serializeNulls().disableHtmlEscaping().create().toJson(values);
+    }
 
     /** Formats bytes as a compact JSON array of unsigned values, e.g. [1,2,255]. */
     static String formatBytes(byte[] bytes) {

@@ -59,7 +59,7 @@ class ConsoleArgumentsCorpusTest {
         if (tokens.size() >= 2) {
             try {
                 Class<?> service = catalog().resolve(tokens.get(0).text);
-                BridgeConsole.select(service, tokens.get(1).text, tokens.subList(2, tokens.size()));
+                BridgeCore.select(service, tokens.get(1).text, tokens.subList(2, tokens.size()));
             } catch (ConsoleException e) {
                 // a usage error
             }
@@ -74,9 +74,9 @@ class ConsoleArgumentsCorpusTest {
         }
     }
 
-    private static synchronized ServiceCatalog catalog() {
+    private static synchronized ServiceCatalog catalog() throws ConsoleException {
         if (catalog == null) {
-            catalog = ServiceCatalog.fromEnvironment(new PrintStream(new ByteArrayOutputStream()));
+            catalog = ServiceCatalog.builtIn();
         }
         return catalog;
     }

@@ -79,7 +79,7 @@ class PortMappingConfigServiceTest extends GatewayTestBase {
             String java = System.getProperty("java.home") + File.separator + "bin" + File.separator + "java";
             ProcessBuilder child = new ProcessBuilder(java, "-Xcheck:jni",
                     "-Djava.library.path=" + System.getProperty("java.library.path"),
-                    "-cp", classes(),
+                    "-cp", classes() + File.pathSeparator + "/usr/share/java/gson.jar",
                     "bundlesc.console.BridgeConsole", "PortMappingQueryService", "getPortMappingInfoJni");
             child.environment().put("BRELO_SIM_SAVE", saved.toString());
             child.redirectErrorStream(true);

@@ -1,10 +1,26 @@
 package com.lumarest.smartgateway.commservices;
 
-/** Restore of the gateway. */
+/**
+ * Restores the gateway. The class name is spelt "DeviceRset" and is part of the interface.
+ * The class loads {@code libbundle_sc.so} when it is first used.
+ */
 public class DeviceRsetServiceImp {
     static {
         System.loadLibrary("bundle_sc");
     }
 
+    /**
+     * Asks the gateway to restore itself.
+     *
+     * <p>The request goes to the gateway as it stands, with no argument; what the restore
+     * brings back and whether the gateway restarts is the gateway's own. A bundle calling this
+     * should expect to lose the gateway's current settings.
+     *
+     * @return the gateway's own result code, unchanged (0 when the restore was accepted)
+     * @example <pre>{@code
+     * resetJni
+     * 0
+     * }</pre>
+     */
     public native int resetJni();
 }

@@ -1,8 +1,8 @@
 package bundlesc.console.fake.demo;
 
 /**
- * Stand-in for a gateway service class, found by the console's discovery when the
- * scanned root is bundlesc/console/fake. Deliberately has no static initialiser and no
+ * Stand-in for a gateway service class, in the catalog the console tests give the console.
+ * Deliberately has no static initialiser and no
  * native library: the tests only list and resolve its natives, they never call them.
  */
 public class FakeServiceImp {

@@ -1,0 +1,160 @@
+package bundlesc.console;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+import static org.junit.jupiter.api.Assertions.fail;
+
+import java.io.ByteArrayInputStream;
+import java.io.ByteArrayOutputStream;
+import java.io.File;
+import java.io.IOException;
+import java.io.PrintStream;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.stream.Stream;
+
+import org.junit.jupiter.api.DynamicTest;
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.TestFactory;
+
+import bundlesc.sim.GatewaySim;
+
+/**
+ * The examples of the reference cannot lie: every example documented on a native is run
+ * through the bridge console against the default simulated gateway, loaded afresh for each,
+ * and its output must be the documented text byte for byte.
+ *
+ * <p>The examples come from the file the reference tool writes at build time (system
+ * property {@code bundlesc.reference.examples}).
+ */
+class ReferenceExamplesTests {
+
+    static final String PROPERTY = "bundlesc.reference.examples";
+    private static final String NL = System.lineSeparator();
+
+    /** One native of the examples file, with its example when it has one. */
+    static final class Example {
+        String className;
+        String method;
+        String returnType;
+        String parameters;
+        boolean documented;
+        String call;
+        final List<String> output = new ArrayList<String>();
+
+        String simpleClassName() {
+            return className.substring(className.lastIndexOf('.') + 1);
+        }
+
+        String name() {
+            return simpleClassName() + "." + method;
+        }
+    }
+
+    static List<Example> read() throws IOException {
+        String path = System.getProperty(PROPERTY);
+        if (path == null || path.isEmpty()) {
+            fail("system property " + PROPERTY + " names no examples file (the build writes it; ctest passes it)");
+        }
+        List<String> lines = Files.readAllLines(new File(path).toPath(), StandardCharsets.UTF_8);
+        assertFalse(lines.isEmpty(), path + " is empty");
+        assertEquals("# bundle_sc reference examples 1", lines.get(0), path + " is not an examples file");
+        List<Example> result = new ArrayList<Example>();
+        Example current = null;
+        for (String line : lines) {
+            if (line.startsWith("#")) {
+                continue;
+            }
+            int tab = line.indexOf('\t');
+            String kind = tab < 0 ? line : line.substring(0, tab);
+            String rest = tab < 0 ? "" : line.substring(tab + 1);
+            if (kind.equals("native")) {
+                String[] f = rest.split("\t", -1);
+                assertEquals(5, f.length, "malformed line in " + path + ": " + line);
+                current = new Example();
+                current.className = f[0];
+                current.method = f[1];
+                current.returnType = f[2];
+                current.parameters = f[3];
+                current.documented = f[4].equals("documented");
+                result.add(current);
+            } else if (kind.equals("call") && current != null) {
+                current.call = rest;
+            } else if (kind.equals("output") && current != null && current.call != null) {
+                current.output.add(rest);
+            } else {
+                fail("malformed line in " + path + ": " + line);
+            }
+        }
+        return result;
+    }
+
+    @TestFactory
+    Stream<DynamicTest> everyExampleGivesTheDocumentedReply() throws IOException {
+        List<DynamicTest> tests = new ArrayList<DynamicTest>();
+        for (final Example e : read()) {
+            if (e.call != null) {
+                tests.add(DynamicTest.dynamicTest(e.name(), () -> check(e)));
+            }
+        }
+        assertFalse(tests.isEmpty(), "no examples documented at all");
+        return tests.stream();
+    }
+
+    private static void check(Example e) throws Exception {
+        assertEquals(0, GatewaySim.loadDefault(), "the default simulated gateway did not load");
+        String line = e.simpleClassName() + " " + e.call + "\n";
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        ByteArrayOutputStream err = new ByteArrayOutputStream();
+        BridgeConsole console = new BridgeConsole(new ByteArrayInputStream(line.getBytes(StandardCharsets.UTF_8)),
+                new PrintStream(out, true, "UTF-8"), new PrintStream(err, true, "UTF-8"), null);
+        int status = console.run(new String[] {"--batch", "-", "--echo-off"});
+        String actual = new String(out.toByteArray(), StandardCharsets.UTF_8);
+        String errors = new String(err.toByteArray(), StandardCharsets.UTF_8);
+        StringBuilder expected = new StringBuilder();
+        for (String l : e.output) {
+            expected.append(l).append(NL);
+        }
+        if (status != BridgeConsole.EXIT_OK || !errors.isEmpty() || !expected.toString().equals(actual)) {
+            fail("the example of " + e.className + "." + e.method + " differs from the default simulated gateway\n"
+                    + "  call:     " + e.call + "\n"
+                    + "  expected: " + indent(expected.toString()) + "\n"
+                    + "  actual:   " + indent(actual)
+                    + (errors.isEmpty() ? "" : "\n  console:  " + indent(errors)));
+        }
+    }
+
+    private static String indent(String text) {
+        String t = text.endsWith(NL) ? text.substring(0, text.length() - NL.length()) : text;
+        return t.replace(NL, "\n            ");
+    }
+
+    @Test
+    void everyQueryOfADocumentedPackageHasAnExample() throws IOException {
+        List<String> missing = new ArrayList<String>();
+        for (Example e : read()) {
+            if (e.documented && e.returnType.equals("String") && e.call == null) {
+                missing.add(e.className + "." + e.method);
+            }
+        }
+        assertTrue(missing.isEmpty(), "natives returning String without an @example: " + missing);
+    }
+
+    @Test
+    void everyExampleCallsTheNativeItDocuments() throws IOException {
+        List<String> wrong = new ArrayList<String>();
+        for (Example e : read()) {
+            if (e.call == null) {
+                continue;
+            }
+            String first = e.call.trim().split("\\s+", 2)[0];
+            if (!first.equals(e.method) && !(first + "Jni").equals(e.method)) {
+                wrong.add(e.className + "." + e.method + " (its example calls " + first + ")");
+            }
+        }
+        assertTrue(wrong.isEmpty(), "examples calling another native: " + wrong);
+    }
+}

@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# The gateway in a box: Apache Felix with its Gogo shell, the bridge bundle, the simulator
+# bundle, the console bundle (bridge:* and sim:* commands) and the default simulated gateway.
+#
+#   scripts/gateway-box.sh                       build, then an interactive shell (g!)
+#   scripts/gateway-box.sh --run "CMD; CMD"      run shell commands, print their output, exit
+#   scripts/gateway-box.sh --script FILE|-       run a file of shell commands (- : standard input)
+# Options: --build-dir DIR (default build-demo, or $BUILD_DIR), --no-build (use DIR as built).
+# Every start has a fresh framework cache and a fresh default gateway (sim/gateway/*.ini); the
+# JVM runs under -Xcheck:jni.
+set -euo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+build=${BUILD_DIR:-$here/build-demo}
+do_build=1
+script=""
+commands=""
+while (($#)); do
+  case "$1" in
+    --build-dir) build=$2; shift 2 ;;
+    --no-build) do_build=0; shift ;;
+    --run) commands=$2; shift 2 ;;
+    --script) script=$2; shift 2 ;;
+    -h|--help) sed -n '2,10p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
+    *) echo "gateway-box.sh: unknown argument $1 (--help shows the usage)" >&2; exit 2 ;;
+  esac
+done
+
+if ((do_build)); then
+  source "$here/scripts/packages.sh"
+  bash "$here/scripts/ensure-packages.sh" "${BUILD_PACKAGES[@]}"
+  cmake -S "$here" -B "$build" -DBUILD_TESTING=OFF -DBUNDLE_TIERS=OFF -DBUNDLE_JVM_TESTS=ON >/dev/null
+  cmake --build "$build" -j"$(nproc)" >/dev/null
+fi
+
+osgi="$build/osgi"
+java_dir=/usr/share/java
+# The Gogo command bundle (lb, install, start...) imports the bundle repository's API: that
+# bundle is installed for it, not started (it would go looking for remote repositories).
+installs=("$java_dir/org.apache.felix.bundlerepository.jar")
+bundles=("$java_dir/org.apache.felix.gogo.runtime.jar" "$java_dir/org.apache.felix.gogo.shell.jar"
+         "$java_dir/org.apache.felix.gogo.command.jar" "$java_dir/gson.jar"
+         "$osgi/com.lumarest.smartgateway.bridge.jar" "$osgi/bundlesc.sim.jar" "$osgi/bundlesc.console.jar")
+for b in "${installs[@]}" "${bundles[@]}" "$java_dir/org.apache.felix.main.jar" "$build/lib/libgatewayhost.so"; do
+  [[ -f "$b" ]] || { echo "gateway-box.sh: $b is missing (build first, without --no-build)" >&2; exit 2; }
+done
+
+box=$(mktemp -d "${TMPDIR:-/tmp}/gateway-box.XXXXXX")
+trap 'rm -rf "$box"' EXIT
+starts=""
+for b in "${bundles[@]}"; do starts+=" file:$b"; done
+{
+  echo "org.osgi.framework.storage=$box/cache"
+  echo "org.osgi.framework.storage.clean=onFirstInit"
+  echo "felix.auto.deploy.action="
+  echo "felix.auto.install.1=file:${installs[0]}"
+  echo "felix.auto.start.1=$starts"
+  echo "felix.log.level=2"
+  # The launcher knows no execution environment past Java 8 by name: the running VM offers
+  # every Java SE level the bundles may ask for.
+  echo "org.osgi.framework.system.capabilities.extra=osgi.ee; osgi.ee=\"JavaSE\"; version:List<Version>=\"1.0,1.1,1.2,1.3,1.4,1.5,1.6,1.7,1.8\""
+} >"$box/config.properties"
+
+if [[ -n "$commands" || -n "$script" ]]; then
+  # Non-interactive: the shell runs the script file and then stops the framework.
+  if [[ "$script" == "-" ]]; then
+    cat >"$box/commands.gosh"
+  elif [[ -n "$script" ]]; then
+    cp "$script" "$box/commands.gosh"
+  else
+    printf '%s\n' "$commands" >"$box/commands.gosh"
+  fi
+  # Without an interactive session the shell leaves the framework running: the script ends by
+  # stopping the system bundle, after which the launcher exits.
+  printf '\nstop 0\n' >>"$box/commands.gosh"
+  echo "gosh.args=--nointeractive $box/commands.gosh" >>"$box/config.properties"
+else
+  cat <<HINT
+== The gateway in a box: Felix with the bridge bundle against the default simulated gateway.
+   bridge:list [CLASS]                    the natives (all, or of one service class)
+   bridge:call CLASS METHOD [ARG...]      e.g. bridge:call DeviceInfoQueryService getDeviceInfoJni
+   sim:get SECTION KEY, sim:set SECTION KEY VALUE, sim:log, sim:clearlog, sim:reset, sim:load
+   the sample bundle: install file:$osgi/samples/lanhosts.jar   then: start <its id>
+   lb lists the bundles; stop 0 (or Ctrl-D) stops the framework.
+HINT
+fi
+
+cd "$box"
+# The simulator's libraries from the build; its route tool and resolver stand in for the
+# machine's (LD_PRELOAD), and tcapi_save writes into the box, never into the build.
+export LD_LIBRARY_PATH="$build/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
+export LD_PRELOAD="$build/lib/libgatewayhost.so"
+export BRELO_SIM_SAVE="$box/tcapi-saved.ini"
+java -Xcheck:jni \
+  --add-opens java.base/java.net=ALL-UNNAMED --add-opens java.base/java.security=ALL-UNNAMED \
+  -Dfelix.config.properties="file:$box/config.properties" \
+  -jar "$java_dir/org.apache.felix.main.jar"
