@@ -1,5 +1,7 @@
 // The simulated gateway's state, call log and programmed results.
 #include <dirent.h>
+#include <dlfcn.h>
+#include <limits.h>
 #include <sys/stat.h>
 #include <errno.h>
 #include <stdarg.h>
@@ -25,6 +27,16 @@
 #endif
 #ifndef SIM_DEFAULT_SAVE
 #define SIM_DEFAULT_SAVE ""
+#endif
+// Where this library is built (the build tree's lib/ directory), and where the default state
+// is installed relative to the directory the library is installed in. A library loaded from
+// anywhere but its build directory, with that state beside it, is an installed one: it reads
+// the installed state and saves nowhere unless BRELO_SIM_SAVE says where.
+#ifndef SIM_BUILD_LIBDIR
+#define SIM_BUILD_LIBDIR ""
+#endif
+#ifndef SIM_INSTALLED_STATE
+#define SIM_INSTALLED_STATE ""
 #endif
 
 namespace {
@@ -315,6 +327,32 @@ int load_path(const std::string &path) {
   return rc;
 }
 
+// The directory this library was loaded from, resolved ("" when unknown).
+std::string loaded_from() {
+  Dl_info info;
+  if (dladdr(reinterpret_cast<void *>(&loaded_from), &info) == 0 || info.dli_fname == nullptr)
+    return "";
+  char resolved[PATH_MAX];
+  if (realpath(info.dli_fname, resolved) == nullptr) return "";
+  std::string path = resolved;
+  size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "" : path.substr(0, slash);
+}
+
+// The installed state directory when this library is an installed one, "" otherwise.
+std::string installed_state() {
+  if (*SIM_INSTALLED_STATE == '\0') return "";
+  std::string dir = loaded_from();
+  if (dir.empty()) return "";
+  char build[PATH_MAX];
+  if (*SIM_BUILD_LIBDIR != '\0' && realpath(SIM_BUILD_LIBDIR, build) != nullptr && dir == build)
+    return "";
+  std::string state = dir + "/" + SIM_INSTALLED_STATE;
+  struct stat st;
+  if (stat(state.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) return "";
+  return state;
+}
+
 void reset_locked() {
   // The log's bound is a setting of the tool, not state: it survives the reset.
   size_t limit = g_world.log.limit;
@@ -330,9 +368,12 @@ void reset_locked() {
 int load_default_locked() {
   reset_locked();
   const char *state = getenv("BRELO_SIM_STATE");
-  int rc = load_path(state != nullptr && *state ? state : SIM_DEFAULT_STATE);
+  std::string installed = installed_state();
+  int rc = load_path(state != nullptr && *state ? state
+                     : !installed.empty()         ? installed
+                                                  : std::string(SIM_DEFAULT_STATE));
   const char *save = getenv("BRELO_SIM_SAVE");
-  g_world.save_path = save != nullptr ? save : SIM_DEFAULT_SAVE;
+  g_world.save_path = save != nullptr ? save : installed.empty() ? SIM_DEFAULT_SAVE : "";
   if (!g_world.save_path.empty()) {
     FILE *f = fopen(g_world.save_path.c_str(), "r");
     if (f != nullptr) {

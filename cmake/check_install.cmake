@@ -1,0 +1,233 @@
+# Installs a build into a staging directory and checks what is there (the <tier>install test).
+#   cmake -DBUILD=<build> -DSOURCE=<source> -DSTAGE=<dir> -DMODE=host|gateway
+#         -DLIBDIR= -DDATADIR= -DBINDIR= -DJAVADIR= -DFEATURES=<a,b> -DREADELF=<readelf>
+#         -DREQUIRED_NEEDED=<a,b> -DALLOWED_NEEDED=<a,b>
+#         [host: -DJAVA=<java>] [gateway: -DTOOLCHAIN=<file> -DJNI_INCLUDE_DIR=<dir>]
+#         -P check_install.cmake
+# host:    everything (DESTDIR=<stage>/full, prefix /usr) against install-manifest-host.txt,
+#          the runtime component alone against install-manifest-gateway.txt, the libraries'
+#          dynamic sections, and a JVM that loads the installed library with the installed
+#          simulator (through bin/bundle_sc-simulator) and answers getDeviceInfoJni from the
+#          installed state.
+# gateway: the runtime component, stripped, against install-manifest-gateway.txt; and a build
+#          configured for the gateway (the vendor's libraries: here this tier's) installs
+#          nothing but the runtime component.
+
+cmake_minimum_required(VERSION 3.25)
+foreach(list FEATURES REQUIRED_NEEDED ALLOWED_NEEDED)
+  string(REPLACE "," ";" ${list} "${${list}}")
+endforeach()
+
+set(failures 0)
+macro(fail)
+  message(SEND_ERROR "install: ${ARGN}")
+  math(EXPR failures "${failures} + 1")
+endmacro()
+
+function(run_or_die)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "install: failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+endfunction()
+
+# The files a manifest expects under <prefix>, as paths relative to the staging root.
+function(expected_files manifest prefix out_var)
+  file(STRINGS "${manifest}" lines)
+  set(result "")
+  foreach(line IN LISTS lines)
+    if(line MATCHES "^[ \t]*(#|$)")
+      continue()
+    endif()
+    string(REGEX REPLACE "[ \t]+" ";" fields "${line}")
+    list(LENGTH fields n)
+    list(GET fields 1 path)
+    if(n GREATER 2)
+      list(GET fields 2 feature)
+      if(NOT feature IN_LIST FEATURES)
+        continue()
+      endif()
+    endif()
+    string(REPLACE "@LIBDIR@" "${LIBDIR}" path "${path}")
+    string(REPLACE "@DATADIR@" "${DATADIR}" path "${path}")
+    string(REPLACE "@BINDIR@" "${BINDIR}" path "${path}")
+    string(REPLACE "@JAVADIR@" "${JAVADIR}" path "${path}")
+    if(path MATCHES "^(.*){([^}]+)}$")
+      set(dir "${CMAKE_MATCH_1}")
+      file(GLOB sources RELATIVE "${SOURCE}" "${SOURCE}/${CMAKE_MATCH_2}")
+      if(NOT sources)
+        message(FATAL_ERROR "install: ${manifest}: nothing matches ${CMAKE_MATCH_2}")
+      endif()
+      foreach(s IN LISTS sources)
+        get_filename_component(name "${s}" NAME)
+        list(APPEND result "${prefix}/${dir}${name}")
+      endforeach()
+    else()
+      list(APPEND result "${prefix}/${path}")
+    endif()
+  endforeach()
+  list(SORT result)
+  set(${out_var} "${result}" PARENT_SCOPE)
+endfunction()
+
+function(compare_files root manifest)
+  expected_files("${manifest}" "usr" expected)
+  file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE "${root}" "${root}/*")
+  list(SORT installed)
+  set(missing ${expected})
+  list(REMOVE_ITEM missing ${installed})
+  set(extra ${installed})
+  list(REMOVE_ITEM extra ${expected})
+  get_filename_component(name "${manifest}" NAME)
+  if(missing OR extra)
+    string(REPLACE ";" "\n  " missing "${missing}")
+    string(REPLACE ";" "\n  " extra "${extra}")
+    message(SEND_ERROR "install: ${root} differs from ${name}\n missing:\n  ${missing}\n not listed:\n  ${extra}")
+    set(compare_failed ON PARENT_SCOPE)
+  else()
+    list(LENGTH installed count)
+    message(STATUS "${root}: the ${count} files of ${name}")
+  endif()
+endfunction()
+
+# NEEDED entries within the allowed ones and all required ones there; no RUNPATH or RPATH.
+function(check_library lib)
+  execute_process(COMMAND "${READELF}" -d "${lib}" RESULT_VARIABLE rc OUTPUT_VARIABLE dyn)
+  if(NOT rc EQUAL 0)
+    message(SEND_ERROR "install: ${READELF} -d ${lib} failed")
+    return()
+  endif()
+  string(REGEX MATCHALL "\\(NEEDED\\)[^\n]*\\[([^]\n]+)\\]" entries "${dyn}")
+  set(needed "")
+  foreach(e IN LISTS entries)
+    string(REGEX REPLACE ".*\\[([^]]+)\\]" "\\1" e "${e}")
+    list(APPEND needed "${e}")
+  endforeach()
+  foreach(n IN LISTS needed)
+    if(NOT n IN_LIST ALLOWED_NEEDED)
+      message(SEND_ERROR "install: ${lib} needs ${n}, which is not allowed")
+    endif()
+  endforeach()
+  foreach(n IN LISTS REQUIRED_NEEDED)
+    if(NOT n IN_LIST needed)
+      message(SEND_ERROR "install: ${lib} does not need ${n}")
+    endif()
+  endforeach()
+  if(dyn MATCHES "\\((RUNPATH|RPATH)\\)[^\n]*")
+    message(SEND_ERROR "install: ${lib} keeps a search path: ${CMAKE_MATCH_0}")
+  endif()
+  message(STATUS "${lib}: NEEDED ${needed}, no RUNPATH")
+endfunction()
+
+function(check_runpath lib expected)
+  execute_process(COMMAND "${READELF}" -d "${lib}" OUTPUT_VARIABLE dyn)
+  if(NOT dyn MATCHES "\\(RUNPATH\\)[^\n]*\\[([^]\n]*)\\]" OR NOT CMAKE_MATCH_1 STREQUAL expected)
+    message(SEND_ERROR "install: ${lib}: RUNPATH is not ${expected}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE "${STAGE}")
+set(gateway "${STAGE}/gateway")
+set(compare_failed OFF)
+
+if(MODE STREQUAL "host")
+  set(full "${STAGE}/full")
+  run_or_die(${CMAKE_COMMAND} -E env DESTDIR=${full} ${CMAKE_COMMAND} --install "${BUILD}" --prefix /usr)
+  compare_files("${full}" "${SOURCE}/packaging/install-manifest-host.txt")
+  run_or_die(${CMAKE_COMMAND} -E env DESTDIR=${gateway}
+             ${CMAKE_COMMAND} --install "${BUILD}" --prefix /usr --component runtime)
+  compare_files("${gateway}" "${SOURCE}/packaging/install-manifest-gateway.txt")
+  if(compare_failed)
+    message(FATAL_ERROR "install: the installed files differ from the manifests")
+  endif()
+  check_library("${full}/usr/${LIBDIR}/libbundle_sc.so")
+  foreach(lib libbrelo.so.1 libtcapi.so.1 libgatewayhost.so libgatewaysim_jni.so)
+    check_runpath("${full}/usr/${LIBDIR}/bundle_sc/simulator/${lib}" "$ORIGIN")
+  endforeach()
+
+  execute_process(COMMAND "${full}/usr/${BINDIR}/bundle_sc-simulator"
+                  RESULT_VARIABLE rc ERROR_VARIABLE usage)
+  if(NOT rc EQUAL 2 OR NOT usage MATCHES "^usage: bundle_sc-simulator command")
+    message(SEND_ERROR "install: bundle_sc-simulator without a command: ${rc} ${usage}")
+  endif()
+
+  # A JVM with the installed jar, library and simulator. The installed state is marked, so the
+  # reply shows that the installed simulator read it (and not the source tree's).
+  if("services_jar" IN_LIST FEATURES)
+    set(call "${SOURCE}/tests/install/InstalledCall.java")
+    set(service com.lumarest.smartgateway.commservices.DeviceInfoQueryServiceImp)
+    execute_process(
+      COMMAND ${CMAKE_COMMAND} -E env --unset=BRELO_SIM_STATE BRELO_SIM_SAVE= BRELO_SIM_LOG=off
+              LD_PRELOAD=${BUILD}/lib/libgatewayhost.so
+              "${JAVA}" -Xcheck:jni -Djava.library.path=${BUILD}/lib
+              -cp "${BUILD}/java/services-classes" "${call}" ${service} getDeviceInfoJni
+      RESULT_VARIABLE rc OUTPUT_VARIABLE built ERROR_VARIABLE err)
+    message(STATUS "build tree: ${built}${err}")
+    if(NOT rc EQUAL 0 OR NOT built MATCHES "^reply: [^\n]*FW3\\.4\\.10")
+      message(FATAL_ERROR "install: the build tree's library did not answer (${rc}):\n${built}\n${err}")
+    endif()
+    string(REPLACE "FW3.4.10" "FW-installed" expected "${built}")
+    set(ini "${full}/usr/${DATADIR}/bundle_sc/gateway/device.ini")
+    file(READ "${ini}" state)
+    string(REPLACE "FW3.4.10" "FW-installed" state "${state}")
+    file(WRITE "${ini}" "${state}")
+    execute_process(
+      COMMAND ${CMAKE_COMMAND} -E env --unset=BRELO_SIM_STATE --unset=BRELO_SIM_SAVE
+              --unset=LD_PRELOAD --unset=LD_LIBRARY_PATH BRELO_SIM_LOG=off
+              "${full}/usr/${BINDIR}/bundle_sc-simulator" sh -c
+              "exec \"$0\" -Xcheck:jni -Djava.library.path=\"$BUNDLE_SC_JAVA_LIBRARY_PATH\" \"$@\""
+              "${JAVA}" -cp "${full}/usr/${JAVADIR}/bundle_sc-services.jar" "${call}"
+              ${service} getDeviceInfoJni
+      RESULT_VARIABLE rc OUTPUT_VARIABLE installed ERROR_VARIABLE err)
+    message(STATUS "installed:  ${installed}${err}")
+    if(NOT rc EQUAL 0)
+      message(FATAL_ERROR "install: the installed library did not answer (${rc})")
+    endif()
+    if(NOT installed STREQUAL expected)
+      message(FATAL_ERROR "install: the installed library answered\n${installed}expected\n${expected}")
+    endif()
+  endif()
+elseif(MODE STREQUAL "gateway")
+  run_or_die(${CMAKE_COMMAND} -E env DESTDIR=${gateway}
+             ${CMAKE_COMMAND} --install "${BUILD}" --prefix /usr --component runtime --strip)
+  compare_files("${gateway}" "${SOURCE}/packaging/install-manifest-gateway.txt")
+  if(compare_failed)
+    message(FATAL_ERROR "install: the installed files differ from the manifest")
+  endif()
+  set(lib "${gateway}/usr/${LIBDIR}/libbundle_sc.so")
+  check_library("${lib}")
+  execute_process(COMMAND "${READELF}" -h -S "${lib}" OUTPUT_VARIABLE headers)
+  if(NOT headers MATCHES "big endian" OR NOT headers MATCHES "Machine:[ \t]+MIPS")
+    message(SEND_ERROR "install: ${lib} is not a big-endian MIPS library")
+  endif()
+  if(headers MATCHES "\\.symtab|\\.debug_")
+    message(SEND_ERROR "install: ${lib} is not stripped (--strip)")
+  endif()
+
+  # A build for the gateway: the vendor's platform libraries (this tier's stand in) and no
+  # simulator. Configured only: its install rules must name the runtime component alone.
+  set(gw "${STAGE}/gateway-build")
+  run_or_die(${CMAKE_COMMAND} -S "${SOURCE}" -B "${gw}" -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}
+             -DBUNDLE_PLATFORM_LIBDIR=${BUILD}/lib -DBUILD_TESTING=OFF -DBUNDLE_TIERS=OFF
+             -DBUNDLE_JVM_TESTS=OFF -DBUNDLE_JNI_INCLUDE_DIR=${JNI_INCLUDE_DIR})
+  file(GLOB_RECURSE scripts "${gw}/cmake_install.cmake")
+  set(components "")
+  foreach(s IN LISTS scripts)
+    file(STRINGS "${s}" rules REGEX "CMAKE_INSTALL_COMPONENT")
+    foreach(r IN LISTS rules)
+      if(r MATCHES "\"x\\\${CMAKE_INSTALL_COMPONENT}x\" STREQUAL \"x([^\"]*)x\"")
+        list(APPEND components "${CMAKE_MATCH_1}")
+      elseif(r MATCHES "CMAKE_INSTALL_COMPONENT STREQUAL \"([^\"]*)\"")
+        list(APPEND components "${CMAKE_MATCH_1}")
+      endif()
+    endforeach()
+  endforeach()
+  list(REMOVE_DUPLICATES components)
+  if(NOT components STREQUAL "runtime")
+    message(SEND_ERROR "install: a build for the gateway installs the components: ${components}")
+  else()
+    message(STATUS "a build for the gateway installs the runtime component alone")
+  endif()
+else()
+  message(FATAL_ERROR "install: MODE must be host or gateway")
+endif()
