@@ -25,6 +25,21 @@ public final class NeutralCalls {
             "brelo_deleteAllFTPAccount", "brelo_deleteAllSambaAccount", "brelo_reset",
             "brelo_addForwardRule", "brelo_addHTTPTrafficProcessRule", "brelo_addTrafficToFlow"));
 
+    /**
+     * Natives whose answers the simulated gateway changes by design from one call to the next:
+     * traffic counters and speeds that move, diagnostics that run for a few polls, a
+     * registration and a WPS session that advance, a USB device that is opened, read and
+     * closed. Two calls of them in a row give different replies even from one thread.
+     */
+    public static final List<String> LIVE = Collections.unmodifiableList(Arrays.asList(
+            "getStatsByFlowJni", "getSpeedByFlowJni",
+            "getIPPingDiagnosticsResultJni", "getTraceRouteDiagnosticsResultJni",
+            "getHttpUploadDiagnosticsResultJni", "getHttpDownloadDiagnosticsResultJni",
+            "getPasswordRegistrationInfoJni", "setPasswordRegistrationJni",
+            "getWLANWPSStatusJni", "startWLANWPSJni", "stopWLANWPSJni",
+            "usbOpenJni", "usbCloseJni", "usbReadJni", "usbWriteJni", "usbDataAvailableJni",
+            "usbRegisterJni", "usbUnregisterJni", "usbLockJni", "usbUnlockJni", "usbSetSerialJni"));
+
     private static final Map<String, Object[]> ARGUMENTS = new HashMap<String, Object[]>();
 
     static {

@@ -59,23 +59,11 @@ class SoakTest extends GatewayTestBase {
     }
 
     /**
-     * Natives whose answers the simulated gateway changes by design from one call to the next:
-     * traffic counters and speeds that move, diagnostics that run for a few polls,
-     * a registration and a WPS session that advance, a USB device that is opened, read and closed. A single
-     * thread gets no one reply for them either; theirs are checked for their kind and, for
-     * texts, the reply envelope.
+     * A single thread gets no one reply for the live natives either ({@link NeutralCalls#LIVE});
+     * theirs are checked for their kind and, for texts, the reply envelope.
      */
-    private static final List<String> LIVE = Arrays.asList(
-            "getStatsByFlowJni", "getSpeedByFlowJni",
-            "getIPPingDiagnosticsResultJni", "getTraceRouteDiagnosticsResultJni",
-            "getHttpUploadDiagnosticsResultJni", "getHttpDownloadDiagnosticsResultJni",
-            "getPasswordRegistrationInfoJni", "setPasswordRegistrationJni",
-            "getWLANWPSStatusJni", "startWLANWPSJni", "stopWLANWPSJni",
-            "usbOpenJni", "usbCloseJni", "usbReadJni", "usbWriteJni", "usbDataAvailableJni",
-            "usbRegisterJni", "usbUnregisterJni", "usbLockJni", "usbUnlockJni", "usbSetSerialJni");
-
     private static boolean live(Call c) {
-        return LIVE.contains(c.method.getName());
+        return NeutralCalls.LIVE.contains(c.method.getName());
     }
 
     /** True when `reply` is an answer `c` can give: its own, or for a live native one of its kind. */

@@ -32,7 +32,7 @@ import org.osgi.framework.ServiceRegistration;
  * <li>"calls": resets the simulated gateway to its default, refuses the harmful platform calls,
  * and calls every native once, in class and method order; answers a list of
  * {"Class.method", reply, call log} for each;
- * <li>"expect": the single-threaded reply of every steady native (see {@link #LIVE});
+ * <li>"expect": the single-threaded reply of every steady native (see {@link NeutralCalls#LIVE});
  * <li>"soak:N": N rounds of every steady native; answers "" or the first wrong reply and the
  * count of wrong ones;
  * <li>"device": the reply of DeviceInfoQueryServiceImp.getDeviceInfoJni.
@@ -41,16 +41,6 @@ import org.osgi.framework.ServiceRegistration;
 public final class ProbeActivator implements BundleActivator {
     static final String ROOT = "com/lumarest/smartgateway";
     static final String BRIDGE = "com.lumarest.smartgateway.bridge";
-
-    /** Natives whose answers the simulated gateway changes by design from one call to the next. */
-    static final List<String> LIVE = Arrays.asList(
-            "getStatsByFlowJni", "getSpeedByFlowJni",
-            "getIPPingDiagnosticsResultJni", "getTraceRouteDiagnosticsResultJni",
-            "getHttpUploadDiagnosticsResultJni", "getHttpDownloadDiagnosticsResultJni",
-            "getPasswordRegistrationInfoJni", "setPasswordRegistrationJni",
-            "getWLANWPSStatusJni", "startWLANWPSJni", "stopWLANWPSJni",
-            "usbOpenJni", "usbCloseJni", "usbReadJni", "usbWriteJni", "usbDataAvailableJni",
-            "usbRegisterJni", "usbUnregisterJni", "usbLockJni", "usbUnlockJni", "usbSetSerialJni");
 
     private BundleContext context;
     private ServiceRegistration<?> registration;
@@ -164,7 +154,7 @@ public final class ProbeActivator implements BundleActivator {
         expected.clear();
         Map<Class<?>, Object> services = new HashMap<Class<?>, Object>();
         for (Method m : natives()) {
-            if (!LIVE.contains(m.getName())) {
+            if (!NeutralCalls.LIVE.contains(m.getName())) {
                 expected.put(key(m), call(m, services));
             }
         }
@@ -173,7 +163,7 @@ public final class ProbeActivator implements BundleActivator {
     private String soak(int rounds) throws ClassNotFoundException {
         List<Method> steady = new ArrayList<Method>();
         for (Method m : natives()) {
-            if (!LIVE.contains(m.getName())) {
+            if (!NeutralCalls.LIVE.contains(m.getName())) {
                 steady.add(m);
             }
         }
