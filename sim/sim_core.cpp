@@ -18,6 +18,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "sim/sim.h"
@@ -82,9 +83,28 @@ struct World {
 std::recursive_mutex g_mutex;
 World g_world;
 
+// What sim_snapshot remembered, and what changed since the snapshot or the last restore: the
+// generation the state had then (while it is still that one, nothing changed), the sections
+// whose entries changed, and whether any section was removed. Sections are only ever created
+// at the end of the list, so until one is removed the state is the snapshot's sections, in
+// order, followed by the ones created since, and a restore puts back only what changed.
+struct Snapshot {
+  unsigned long id = 0;  // 0: none taken
+  std::list<Section> sections;
+  std::unordered_map<std::string_view, const Section *> by_name;
+  std::string save_path;
+  unsigned long clean_generation = 0;
+  std::unordered_set<std::string> touched;
+  bool removed = false;
+};
+Snapshot g_snapshot;
+unsigned long g_last_snapshot_id = 0;
+
 // Bumped by every change of the state (values, sections, loads, resets), never reset: caches
 // derived from the state compare it with the generation they were built from.
 std::atomic<unsigned long> g_generation{1};
+// The arguments of the call whose hook runs on this thread (NULL outside a hook).
+thread_local const char *t_hook_arguments = nullptr;
 // Mirrors of the world for the lock-free fast paths of sim::call and sim::result.
 std::atomic<bool> g_initialized{false};
 std::atomic<int> g_result_count{0};
@@ -106,15 +126,18 @@ void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
 // of its own, as a reader of the log would see it.
 void count_lines(const char *piece, size_t n, int delta) {
   std::unordered_map<std::string, int> &counts = g_world.log.counts;
+  // The name looked up, in a buffer kept from call to call (no allocation per line).
+  static std::string name;
   const char *p = piece, *end = piece + n;
   while (p < end) {
     const char *nl = static_cast<const char *>(memchr(p, '\n', end - p));
     const char *line_end = nl != nullptr ? nl : end;
     const char *paren = static_cast<const char *>(memchr(p, '(', line_end - p));
     if (paren != nullptr) {
-      auto it = counts.find(std::string(p, paren));
+      name.assign(p, paren);
+      auto it = counts.find(name);
       if (it == counts.end()) {
-        if (delta > 0) counts.emplace(std::string(p, paren), delta);
+        if (delta > 0) counts.emplace(name, delta);
       } else if ((it->second += delta) <= 0) {
         counts.erase(it);
       }
@@ -179,6 +202,7 @@ template <typename Pred>
 void remove_sections(Pred doomed) {
   for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
     if (doomed(*it)) {
+      g_snapshot.removed = true;
       section_removed(it->name);
       g_world.by_name.erase(it->name);
       it = g_world.sections.erase(it);
@@ -189,6 +213,11 @@ void remove_sections(Pred doomed) {
   }
 }
 
+// Notes a section whose entries changed, for the next restore of a snapshot.
+void touched(const std::string &section) {
+  if (g_snapshot.id != 0) g_snapshot.touched.insert(section);
+}
+
 void set_value(const std::string &section, const std::string &key, const std::string &value) {
   Section &s = make_section(section);
   for (auto &e : s.entries) {
@@ -197,12 +226,14 @@ void set_value(const std::string &section, const std::string &key, const std::st
       // Java threads often do) leave every pointer handed out by get() untouched.
       if (e.second != value) {
         e.second = value;
+        touched(section);
         bump();
       }
       return;
     }
   }
   s.entries.emplace_back(key, value);
+  touched(section);
   bump();
 }
 
@@ -358,10 +389,40 @@ void reset_locked() {
   size_t limit = g_world.log.limit;
   g_world = World();
   g_world.log.limit = limit;
+  g_snapshot = Snapshot();
   g_world.initialized = true;
   g_initialized.store(true);
   g_result_count.store(0);
   g_hook_count.store(0);
+  bump();
+}
+
+// Puts the snapshot's state back. After a section was removed, every section is copied back
+// and the index rebuilt; otherwise the sections created since are dropped and the entries of
+// the sections that changed are copied back, nothing else.
+void restore_sections_locked() {
+  Snapshot &snap = g_snapshot;
+  if (snap.removed || g_world.sections.size() < snap.sections.size()) {
+    g_world.sections = snap.sections;
+    g_world.by_name.clear();
+    for (auto it = g_world.sections.begin(); it != g_world.sections.end(); ++it)
+      g_world.by_name[it->name] = it;
+    g_world.names_by_prefix.clear();
+  } else {
+    auto it = std::next(g_world.sections.begin(), static_cast<long>(snap.sections.size()));
+    while (it != g_world.sections.end()) {
+      section_removed(it->name);
+      g_world.by_name.erase(it->name);
+      it = g_world.sections.erase(it);
+    }
+    for (const std::string &name : snap.touched) {
+      auto kept = snap.by_name.find(name);
+      Section *now = find_section(name);
+      if (kept != snap.by_name.end() && now != nullptr) now->entries = kept->second->entries;
+    }
+  }
+  snap.touched.clear();
+  snap.removed = false;
   bump();
 }
 
@@ -428,7 +489,18 @@ void call(const char *fn, const char *argfmt, ...) {
       if (it != g_world.hooks.end()) hook = it->second;
     }
   }
-  if (hook.fn != nullptr) hook.fn(fn, hook.ctx);
+  if (hook.fn == nullptr) return;
+  // The hook may ask what the call was given (sim_hook_arguments).
+  if (!log_on) {
+    va_list ap;
+    va_start(ap, argfmt);
+    vsnprintf(args, sizeof args, argfmt, ap);
+    va_end(ap);
+  }
+  const char *outer = t_hook_arguments;
+  t_hook_arguments = args;
+  hook.fn(fn, hook.ctx);
+  t_hook_arguments = outer;
 }
 
 int result(const char *fn, int usual) {
@@ -515,6 +587,7 @@ void remove_section(const char *section) {
   auto it = g_world.by_name.find(section);
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
+  g_snapshot.removed = true;
   section_removed(doomed->name);
   g_world.by_name.erase(it);
   g_world.sections.erase(doomed);
@@ -568,6 +641,36 @@ SIM_EXPORT int sim_load_default(void) {
   return load_default_locked();
 }
 
+SIM_EXPORT unsigned long sim_snapshot(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  g_snapshot = Snapshot();
+  g_snapshot.id = ++g_last_snapshot_id;
+  g_snapshot.sections = g_world.sections;
+  for (const Section &section : g_snapshot.sections) g_snapshot.by_name[section.name] = &section;
+  g_snapshot.save_path = g_world.save_path;
+  g_snapshot.clean_generation = g_generation.load();
+  return g_snapshot.id;
+}
+
+SIM_EXPORT int sim_restore(unsigned long id) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  if (id == 0 || id != g_snapshot.id) return -1;
+  if (g_generation.load() != g_snapshot.clean_generation) {
+    restore_sections_locked();
+    g_snapshot.clean_generation = g_generation.load();
+  }
+  g_world.save_path = g_snapshot.save_path;
+  g_world.results.clear();
+  g_world.hooks.clear();
+  g_result_count.store(0);
+  g_hook_count.store(0);
+  g_world.log.text.clear();
+  g_world.log.counts.clear();
+  g_world.log_copy.clear();
+  return 0;
+}
+
 SIM_EXPORT void sim_set(const char *section, const char *key, const char *value) {
   sim::set(section, key, value);
 }
@@ -583,7 +686,10 @@ SIM_EXPORT void sim_unset(const char *section, const char *key) {
   if (s == nullptr) return;
   size_t before = s->entries.size();
   s->entries.remove_if([&](const std::pair<std::string, std::string> &e) { return e.first == key; });
-  if (s->entries.size() != before) bump();
+  if (s->entries.size() != before) {
+    touched(s->name);
+    bump();
+  }
 }
 
 SIM_EXPORT const char *sim_get(const char *section, const char *key) { return sim::get(section, key); }
@@ -604,6 +710,8 @@ SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
     g_world.hooks[fn] = Hook{hook, ctx};
   g_hook_count.store(static_cast<int>(g_world.hooks.size()));
 }
+
+SIM_EXPORT const char *sim_hook_arguments(void) { return t_hook_arguments; }
 
 SIM_EXPORT const char *sim_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);

@@ -116,4 +116,24 @@ TEST_F(Simulator, HooksRunAtEveryCall) {
   EXPECT_EQ(seen, "tcapi_save");
 }
 
+void note_arguments(const char *, void *ctx) {
+  const char *args = sim_hook_arguments();
+  *static_cast<std::string *>(ctx) = args != nullptr ? args : "<null>";
+}
+
+// A hook sees what the call was given, as the log shows it, with the log on or off.
+TEST_F(Simulator, HooksSeeTheCallsArguments) {
+  std::string seen;
+  sim_program_hook("tcapi_get", note_arguments, &seen);
+  char buf[32] = {};
+  tcapi_get("Node_Entry0", "Attr", buf);
+  EXPECT_EQ(seen, "\"Node_Entry0\", \"Attr\"");
+  sim_set_log(0);
+  seen.clear();
+  tcapi_get("Node_Entry1", "Other", buf);
+  sim_set_log(1);
+  EXPECT_EQ(seen, "\"Node_Entry1\", \"Other\"");
+  EXPECT_EQ(sim_hook_arguments(), nullptr);
+}
+
 }  // namespace
