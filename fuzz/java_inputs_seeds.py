@@ -8,7 +8,7 @@ For every native taking Java texts or text arrays (read from tests/native_catalo
   <native>-empty     empty texts and arrays, zero ints
   <native>-badutf    texts that are not modified UTF-8 or hold a NUL, arrays with null elements
   <native>-null      null texts and arrays; texts the JVM cannot copy where the native has two
-The input layout is described in fuzz/java_inputs_harness.h.
+The input layout is described in fuzz/java_inputs_harness.h and fuzz/native_input.h.
 """
 import os
 import re
@@ -35,7 +35,9 @@ def enc_text(v):
         return b"\x01"
     if isinstance(v, Repeat):
         piece = v.piece if isinstance(v.piece, bytes) else v.piece.encode()
-        return b"\x03" + bytes([len(piece)]) + piece + struct.pack(">H", v.count)
+        if v.count < 256:
+            return b"\x03" + bytes([len(piece)]) + piece + bytes([v.count])
+        return b"\x04" + bytes([len(piece)]) + piece + struct.pack(">H", v.count)
     data = v if isinstance(v, bytes) else v.encode()
     assert len(data) < 256
     return b"\x02" + bytes([len(data)]) + data
@@ -52,7 +54,10 @@ def enc_array(v):
     if v is NULL:
         return b"\x00"
     count, kinds = v
-    out = b"\x01" + struct.pack(">H", count) + bytes([len(kinds) - 1])
+    if count < 256:
+        out = b"\x02" + bytes([count]) + bytes([len(kinds) - 1])
+    else:
+        out = b"\x01" + struct.pack(">H", count) + bytes([len(kinds) - 1])
     for k in kinds:
         out += enc_text(k)
     return out
