@@ -300,15 +300,26 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
+// Reads a state file line by line, whatever their length (a configuration-tree value of 4095
+// bytes takes up to four times as many once escaped). A line holding a NUL byte is malformed:
+// names are C texts, and a value takes any byte through \xHH.
 int load_file(const std::string &path) {
   FILE *f = fopen(path.c_str(), "r");
   if (f == nullptr) return -1;
   std::string section;
-  char line[4096];
+  char *line = nullptr;
+  size_t cap = 0;
+  ssize_t got;
   int rc = 0, lineno = 0;
-  while (fgets(line, sizeof line, f) != nullptr) {
+  while ((got = getline(&line, &cap, f)) != -1) {
     ++lineno;
-    std::string t = trim(line);
+    std::string raw(line, static_cast<size_t>(got));
+    if (raw.find('\0') != std::string::npos) {
+      fprintf(stderr, "gateway sim: %s:%d: a NUL byte in the line\n", path.c_str(), lineno);
+      rc = -1;
+      continue;
+    }
+    std::string t = trim(raw);
     if (!t.empty() && t.back() == '\n') t.pop_back();
     t = trim(t);
     if (t.empty() || t[0] == '#' || t[0] == ';') continue;
@@ -332,6 +343,7 @@ int load_file(const std::string &path) {
     }
     set_value(section, trim(t.substr(0, eq)), value);
   }
+  free(line);
   fclose(f);
   return rc;
 }

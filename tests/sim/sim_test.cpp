@@ -5,8 +5,11 @@
 #include <unistd.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "common/platform_tcapi.h"
+#include "sim/sim.h"
 #include "sim/sim_control.h"
 #include "tests/test_support.h"
 
@@ -46,6 +49,38 @@ TEST_F(Simulator, MalformedStateFileIsReported) {
   EXPECT_EQ(sim_load(path.c_str()), -1);
   unlink(path.c_str());
   EXPECT_EQ(sim_load("/nonexistent/state.ini"), -1);
+}
+
+// A line is read whole however long it is: a tree value of 4095 bytes that are not ASCII takes
+// 16 KiB once escaped, and tcapi_save writes it so.
+TEST_F(Simulator, LongLinesAreReadWhole) {
+  std::string value(4095, '\xC4');
+  tcapi_set("Long_Entry0", "Value", value.c_str());
+  tcapi_set("Long_Entry0", "Next", "1");
+  std::string path = temp_path("long");
+  sim_set_save_path(path.c_str());
+  tcapi_save();
+  sim_reset();
+  EXPECT_EQ(sim_load(path.c_str()), 0);
+  unlink(path.c_str());
+  EXPECT_EQ(sim_get("tcapi Long_Entry0", "Value"), value);
+  EXPECT_STREQ(sim_get("tcapi Long_Entry0", "Next"), "1");
+}
+
+// A NUL byte in a line makes the line malformed; a value takes one through \x00.
+TEST_F(Simulator, NulBytesInALineAreReported) {
+  std::string path = temp_path("nul");
+  FILE *f = fopen(path.c_str(), "wb");
+  ASSERT_NE(f, nullptr);
+  static const char text[] = "[device]\nmac = 00\0:11\nmodel = \"H\\x00GU\"\n";
+  fwrite(text, 1, sizeof text - 1, f);
+  fclose(f);
+  EXPECT_EQ(sim_load(path.c_str()), -1);
+  unlink(path.c_str());
+  EXPECT_EQ(sim_get("device", "mac"), nullptr);
+  std::vector<std::pair<std::string, std::string>> entries = sim::entries("device");
+  ASSERT_EQ(entries.size(), 1u);
+  EXPECT_EQ(entries[0].second, std::string("H\0GU", 4));
 }
 
 TEST_F(Simulator, DefaultGatewayLoads) {
