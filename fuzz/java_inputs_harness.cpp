@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "fuzz/native_input.h"
-#include "tests/fake_jni.h"
 #include "tests/native_catalogue.h"
 
 namespace fuzzjava {
@@ -36,20 +35,10 @@ const std::vector<const catalogue::Native *> &natives() {
 
 size_t native_count() { return natives().size(); }
 
-std::string native_name(size_t i) {
-  return std::string(natives()[i]->cls) + "." + natives()[i]->method;
-}
+std::string native_name(size_t i) { return fuzzinput::name_of(*natives()[i]); }
 
 void run_one_input(const uint8_t *data, size_t size) {
-  fuzzinput::Reader in(data, size);
-  const catalogue::Native &native = fuzzinput::choose(in.line(), natives());
-  fuzzinput::DefaultGateway gateway;
-
-  fakejni::FakeJvm jvm;
-  fuzzinput::prepare(jvm, native);
-  std::vector<catalogue::Arg> args = fuzzinput::read_arguments(in, jvm, native);
-  catalogue::Result result = native.call(jvm.env(), jvm.self(), args.data());
-  fuzzinput::check_call("java_inputs", native, jvm, result);
+  fuzzinput::run_native_input("java_inputs", natives(), data, size);
 }
 
 }  // namespace fuzzjava

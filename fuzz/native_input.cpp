@@ -88,10 +88,14 @@ Text read_text(Reader &in, size_t limit) {
   return t;
 }
 
+std::string name_of(const catalogue::Native &native) {
+  return std::string(native.cls) + "." + native.method;
+}
+
 const catalogue::Native &choose(const std::string &name,
                                 const std::vector<const catalogue::Native *> &list) {
   for (const catalogue::Native *n : list)
-    if (name == std::string(n->cls) + "." + n->method) return *n;
+    if (name == name_of(*n)) return *n;
   unsigned sum = 0;
   for (unsigned char c : name) sum += c;
   return *list[sum % list.size()];
@@ -155,6 +159,21 @@ void default_gateway() {
     abort();
   }
   snapshot = sim_snapshot();
+}
+
+void run_native_input(const char *target, const std::vector<const catalogue::Native *> &list,
+                      const uint8_t *data, size_t size, void (*before)(Reader &in),
+                      void (*after)()) {
+  Reader in(data, size);
+  const catalogue::Native &native = choose(in.line(), list);
+  DefaultGateway gateway;
+  fakejni::FakeJvm jvm;
+  prepare(jvm, native);
+  std::vector<catalogue::Arg> args = read_arguments(in, jvm, native);
+  if (before != nullptr) before(in);
+  catalogue::Result result = native.call(jvm.env(), jvm.self(), args.data());
+  if (after != nullptr) after();
+  check_call(target, native, jvm, result);
 }
 
 void prepare(fakejni::FakeJvm &jvm, const catalogue::Native &native) {

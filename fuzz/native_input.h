@@ -67,6 +67,9 @@ struct Text {
 // A text as the layout above gives it, at most `limit` bytes long.
 Text read_text(Reader &in, size_t limit);
 
+// "Class.method".
+std::string name_of(const catalogue::Native &native);
+
 // The native named by `name` ("Class.method") among `list`; a name that is none of them picks
 // one by the sum of its bytes, so mutated names still spread over every native.
 const catalogue::Native &choose(const std::string &name,
@@ -106,6 +109,14 @@ class DefaultGateway {
   DefaultGateway(const DefaultGateway &) = delete;
   DefaultGateway &operator=(const DefaultGateway &) = delete;
 };
+
+// One input of a target whose inputs name a native of `list` on their first line and then give
+// its Java arguments: the native is called with them on the default gateway (DefaultGateway)
+// and the call checked (check_call). `before`, when given, runs just before the call with the
+// reader past the arguments, `after` just after it.
+void run_native_input(const char *target, const std::vector<const catalogue::Native *> &list,
+                      const uint8_t *data, size_t size, void (*before)(Reader &in) = nullptr,
+                      void (*after)() = nullptr);
 
 // Prints "<target>: Class.method: what" and aborts: a finding.
 [[noreturn]] void finding(const char *target, const catalogue::Native &native,

@@ -14,7 +14,6 @@
 
 #include "fuzz/native_input.h"
 #include "sim/sim_control.h"
-#include "tests/fake_jni.h"
 #include "tests/native_catalogue.h"
 
 namespace fuzztree {
@@ -57,7 +56,7 @@ const std::vector<const catalogue::Native *> &natives() {
     for (const char *name : kTreeNatives)
       for (size_t i = 0; i < catalogue::kNativeCount; ++i) {
         const catalogue::Native &n = catalogue::kNatives[i];
-        if (name == std::string(n.cls) + "." + n.method) v.push_back(&n);
+        if (name == fuzzinput::name_of(n)) v.push_back(&n);
       }
     return v;
   }();
@@ -106,22 +105,13 @@ void feed(const char *, void *ctx) {
 
 size_t native_count() { return natives().size(); }
 
-std::string native_name(size_t i) {
-  return std::string(natives()[i]->cls) + "." + natives()[i]->method;
-}
+std::string native_name(size_t i) { return fuzzinput::name_of(*natives()[i]); }
 
 void run_one_input(const uint8_t *data, size_t size) {
-  fuzzinput::Reader in(data, size);
-  const catalogue::Native &native = fuzzinput::choose(in.line(), natives());
-  fuzzinput::DefaultGateway gateway;
-
-  fakejni::FakeJvm jvm;
-  fuzzinput::prepare(jvm, native);
-  std::vector<catalogue::Arg> args = fuzzinput::read_arguments(in, jvm, native);
-  sim_program_hook("tcapi_get", feed, &in);
-  catalogue::Result result = native.call(jvm.env(), jvm.self(), args.data());
-  sim_program_hook("tcapi_get", nullptr, nullptr);
-  fuzzinput::check_call("tree_values", native, jvm, result);
+  fuzzinput::run_native_input(
+      "tree_values", natives(), data, size,
+      [](fuzzinput::Reader &in) { sim_program_hook("tcapi_get", feed, &in); },
+      [] { sim_program_hook("tcapi_get", nullptr, nullptr); });
 }
 
 }  // namespace fuzztree

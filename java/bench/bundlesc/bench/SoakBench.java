@@ -13,7 +13,6 @@ import java.io.InputStreamReader;
 import java.io.ObjectInputStream;
 import java.io.ObjectOutputStream;
 import java.io.PrintStream;
-import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
@@ -141,28 +140,9 @@ public final class SoakBench {
         return reply instanceof String ? new String(((String) reply).toCharArray()) : reply;
     }
 
-    /** One call of a run: what is invoked, and the reply it must give. */
-    static final class Work {
-        final String name;
-        final Method method;
-        final Object target;
-        final Object[] args;
-        final Object expected;
-        final boolean live;
-
-        Work(String name, Method method, Object target, Object[] args, Object expected, boolean live) {
-            this.name = name;
-            this.method = method;
-            this.target = target;
-            this.args = args;
-            this.expected = expected;
-            this.live = live;
-        }
-    }
-
     @SuppressWarnings("unchecked")
-    private List<Work> mix() throws Exception {
-        List<Work> work = new ArrayList<Work>();
+    private List<Call> mix() throws Exception {
+        List<Call> mix = new ArrayList<Call>();
         if (control) {
             Method answer = SoakBench.class.getMethod("answer", Object.class);
             List<Object[]> learnt;
@@ -170,29 +150,28 @@ public final class SoakBench {
                 learnt = (List<Object[]>) in.readObject();
             }
             for (Object[] r : learnt) {
-                work.add(new Work((String) r[0], answer, null, new Object[] {r[1]}, r[1], (Boolean) r[2]));
+                mix.add(new Call((String) r[0], answer, null, new Object[] {r[1]}, (Boolean) r[2], r[1]));
             }
-            return work;
+            return mix;
         }
         if (GatewaySim.loadDefault() != 0) {
             throw new IllegalStateException("the default simulated gateway did not load");
         }
         NeutralCalls.refuseHarmful();
         GatewaySim.clearLog();
-        List<Call> mix = NativeMix.calls(NativeMix.natives(SoakBench.class.getClassLoader()));
+        mix = NativeMix.calls(NativeMix.natives(SoakBench.class.getClassLoader()));
         List<String> unsteady = NativeMix.learnReplies(mix);
         if (!unsteady.isEmpty()) {
             throw new IllegalStateException("calls that change the gateway:\n" + String.join("\n", unsteady));
         }
         ArrayList<Object[]> learnt = new ArrayList<Object[]>();
         for (Call c : mix) {
-            work.add(new Work(c.name(), c.method, c.target, c.args, c.expected, c.live()));
-            learnt.add(new Object[] {c.name(), c.expected, c.live()});
+            learnt.add(new Object[] {c.name, c.expected, c.live});
         }
         try (ObjectOutputStream o = new ObjectOutputStream(new FileOutputStream(replies))) {
             o.writeObject(learnt);
         }
-        return work;
+        return mix;
     }
 
     private int soak() throws Exception {
@@ -200,7 +179,7 @@ public final class SoakBench {
         run.mode = control ? "control" : "natives";
         run.calls = calls;
         run.threads = threads;
-        List<Work> mix = mix();
+        List<Call> mix = mix();
         run.natives = mix.size();
         AtomicLong issued = new AtomicLong();
         AtomicLong done = new AtomicLong();
@@ -212,22 +191,8 @@ public final class SoakBench {
             workers[t] = new Thread(() -> {
                 long x = seed;
                 while (issued.getAndIncrement() < calls) {
-                    x ^= x << 13;
-                    x ^= x >>> 7;
-                    x ^= x << 17;
-                    Work w = mix.get((int) Long.remainderUnsigned(x, mix.size()));
-                    String problem = null;
-                    try {
-                        Object reply = w.method.invoke(w.target, w.args);
-                        if (!NativeMix.plausible(w.expected, reply, w.live)) {
-                            problem = w.name + ": " + NativeMix.abbreviate(reply) + " instead of "
-                                    + NativeMix.abbreviate(w.expected);
-                        }
-                    } catch (InvocationTargetException e) {
-                        problem = w.name + " threw " + e.getCause();
-                    } catch (ReflectiveOperationException | RuntimeException | Error e) {
-                        problem = w.name + " threw " + e;
-                    }
+                    x = NativeMix.next(x);
+                    String problem = NativeMix.pick(mix, x).check();
                     if (problem != null && wrong.getAndIncrement() == 0) {
                         synchronized (firstWrong) {
                             firstWrong[0] = problem;

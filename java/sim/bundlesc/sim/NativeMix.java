@@ -2,6 +2,7 @@ package bundlesc.sim;
 
 import java.io.File;
 import java.io.IOException;
+import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.net.URISyntaxException;
@@ -29,30 +30,35 @@ public final class NativeMix {
 
     /** One call of the mix and the reply a single thread gets for it. */
     public static final class Call {
+        public final String name;
         public final Method method;
         public final Object target;
         public final Object[] args;
+        /** A native whose answers change by design from one call to the next ({@link NeutralCalls#LIVE}). */
+        public final boolean live;
         /** What a single thread gets (set by {@link #learnReplies}). */
         public Object expected;
 
         Call(Method method, Object target, Object[] args) {
+            this(method.getDeclaringClass().getSimpleName() + "." + method.getName(), method, target,
+                    args, NeutralCalls.LIVE.contains(method.getName()), null);
+        }
+
+        /**
+         * A call of anything standing in for a native (a benchmark's control): `method` on
+         * `target` with `args` must answer `expected`.
+         */
+        public Call(String name, Method method, Object target, Object[] args, boolean live, Object expected) {
+            this.name = name;
             this.method = method;
             this.target = target;
             this.args = args;
+            this.live = live;
+            this.expected = expected;
         }
 
         public Object invoke() throws ReflectiveOperationException {
             return method.invoke(target, args);
-        }
-
-        /** "Class.method", the class without its package. */
-        public String name() {
-            return method.getDeclaringClass().getSimpleName() + "." + method.getName();
-        }
-
-        /** A native whose answers change by design from one call to the next ({@link NeutralCalls#LIVE}). */
-        public boolean live() {
-            return NeutralCalls.LIVE.contains(method.getName());
         }
 
         /**
@@ -60,13 +66,41 @@ public final class NativeMix {
          * its kind, a text in the reply envelope.
          */
         public boolean plausible(Object reply) {
-            return NativeMix.plausible(expected, reply, live());
+            return NativeMix.plausible(expected, reply, live);
+        }
+
+        /** Calls once: null when the reply is plausible, otherwise what went wrong. */
+        public String check() {
+            try {
+                Object reply = invoke();
+                return plausible(reply) ? null : this + ": " + abbreviate(reply) + " instead of " + abbreviate(expected);
+            } catch (InvocationTargetException e) {
+                return this + " threw " + e.getCause();
+            } catch (ReflectiveOperationException | RuntimeException | Error e) {
+                return this + " threw " + e;
+            }
         }
 
         @Override
         public String toString() {
-            return name() + Arrays.deepToString(args);
+            return name + Arrays.deepToString(args);
         }
+    }
+
+    /**
+     * The next value of a thread's xorshift sequence: the programs that call the mix from many
+     * threads give each thread a seed of its own and pick call next(x) % size.
+     */
+    public static long next(long x) {
+        x ^= x << 13;
+        x ^= x >>> 7;
+        x ^= x << 17;
+        return x;
+    }
+
+    /** The call `x` picks from `mix`. */
+    public static Call pick(List<Call> mix, long x) {
+        return mix.get((int) Long.remainderUnsigned(x, mix.size()));
     }
 
     /** True when `reply` can stand for `expected`: equal, or for a live native of its kind. */

@@ -6,7 +6,6 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import bundlesc.sim.NativeMix;
 import bundlesc.sim.NativeMix.Call;
 import bundlesc.sim.NeutralCalls;
-import java.lang.reflect.InvocationTargetException;
 import java.util.List;
 import java.util.concurrent.atomic.AtomicLong;
 import java.util.concurrent.atomic.AtomicReference;
@@ -60,21 +59,9 @@ class SoakTest extends GatewayTestBase {
             Runnable work = () -> {
                 long x = seed;
                 for (int i = 0; i < CALLS_PER_THREAD; i++) {
-                    x ^= x << 13;
-                    x ^= x >>> 7;
-                    x ^= x << 17;
-                    Call c = mix.get((int) Long.remainderUnsigned(x, mix.size()));
-                    String problem = null;
-                    try {
-                        Object reply = c.invoke();
-                        if (!c.plausible(reply)) {
-                            problem = c + ": " + reply + " instead of " + c.expected;
-                        }
-                    } catch (InvocationTargetException e) {
-                        problem = c + " threw " + e.getCause();
-                    } catch (ReflectiveOperationException | RuntimeException | Error e) {
-                        problem = c + " threw " + e;
-                    }
+                    x = NativeMix.next(x);
+                    Call c = NativeMix.pick(mix, x);
+                    String problem = c.check();
                     calls.incrementAndGet();
                     if (problem != null) {
                         problems.incrementAndGet();
