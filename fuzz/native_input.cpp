@@ -94,8 +94,13 @@ std::string name_of(const catalogue::Native &native) {
 
 const catalogue::Native &choose(const std::string &name,
                                 const std::vector<const catalogue::Native *> &list) {
-  for (const catalogue::Native *n : list)
-    if (name == name_of(*n)) return *n;
+  for (const catalogue::Native *n : list) {
+    // name == "<cls>.<method>", compared in place (no text built per native and input).
+    size_t cls = strlen(n->cls);
+    if (name.size() == cls + 1 + strlen(n->method) && name.compare(0, cls, n->cls) == 0 &&
+        name[cls] == '.' && name.compare(cls + 1, std::string::npos, n->method) == 0)
+      return *n;
+  }
   unsigned sum = 0;
   for (unsigned char c : name) sum += c;
   return *list[sum % list.size()];
