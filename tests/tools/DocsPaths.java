@@ -19,10 +19,11 @@
 //    repository path and is not checked: build outputs (build/..., build-demo/..., <build>/...),
 //    installed paths (lib/..., share/...), absolute paths (/tmp/...), text such as
 //    tcapi_get/set. A bare file name (no '/') with a source extension must be a file somewhere
-//    in the repository, unless it is one of the build outputs or outside files listed in
-//    NOT_IN_REPOSITORY.
+//    in the repository. Names of build outputs and of other projects' files (NOT_IN_REPOSITORY)
+//    are never checked, with or without a folder before them.
 //  - Tests: a whole code span that starts with a tier prefix and a dot (host. asan. mips.
-//    hardened. jvm. osgi. reference. replies. docs. fuzz.) must name at least one test of
+//    hardened. jvm. osgi. reference. replies. docs. fuzz.), and does not end in a source
+//    extension (hardened.h is a file), must name at least one test of
 //    `ctest -N` in the build directory ('*' and <placeholders> are wildcards: host.<Suite>,
 //    osgi.box-*); the OSGi framework's own namespaces (osgi.ee, osgi.wiring.package, ...)
 //    are not tests. A whole code span `Suite.*` (a GoogleTest suite) must be the suite of some
@@ -55,7 +56,7 @@ public class DocsPaths {
     // files of other projects.
     static final Set<String> NOT_IN_REPOSITORY = Set.of(
             "library-size.txt", "frame-sizes.txt", "service-classes.txt", "tcapi-saved.ini",
-            "tiers.cmake", "config.properties", "cmake.mk", "jni.h");
+            "tiers.cmake", "config.properties", "cmake.mk", "local.mk", "jni.h");
     static final List<String> TIERS = List.of("host", "asan", "mips", "hardened", "jvm", "osgi",
             "reference", "replies", "docs", "fuzz");
     static final Pattern OSGI_NAMESPACE =
@@ -169,8 +170,9 @@ public class DocsPaths {
         boolean slash = word.contains("/");
         if (!slash && !EXTENSIONS.contains(extension(word))) return;
         if (word.startsWith("/") || word.startsWith("<")) return;
+        if (NOT_IN_REPOSITORY.contains(word.substring(word.lastIndexOf('/') + 1))) return;
         if (!slash) {
-            if (NOT_IN_REPOSITORY.contains(word) || !Character.isLetterOrDigit(word.charAt(0))) return;
+            if (!Character.isLetterOrDigit(word.charAt(0))) return;
             checked++;
             if (exists(docDir + word) || anyBasename(word)) return;
             fail(doc, line, "names the file '" + word + "', which is nowhere in the repository");
@@ -282,7 +284,7 @@ public class DocsPaths {
             spans.add(new int[] {span.start(), span.end()});
             int line = lineOf(text, span.start());
             String content = span.group(1).replaceAll("\\s+", " ").trim();
-            if (TEST_NAME.matcher(content).matches()) {
+            if (TEST_NAME.matcher(content).matches() && !EXTENSIONS.contains(extension(content))) {
                 checkTestName(doc, line, content);
                 continue;
             }
