@@ -104,10 +104,26 @@ public class DocsPaths {
         }
     }
 
+    // ctest -N writes Testing/Temporary/LastTest.log beside the tests it lists, which would
+    // overwrite the log of the ctest run this check is part of: the list is taken from a
+    // scratch directory that only includes the build's tests.
     void listTests(String ctest, Path build) throws IOException, InterruptedException {
-        Process p = new ProcessBuilder(ctest, "-N").directory(build.toFile()).redirectErrorStream(true).start();
-        String out = new String(p.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
-        if (p.waitFor() != 0) throw new IOException("ctest -N failed in " + build + ":\n" + out);
+        Path scratch = Files.createTempDirectory("docs-paths");
+        String out;
+        int rc;
+        try {
+            String dir = build.toAbsolutePath().toString().replace("\\", "/").replace("\"", "\\\"");
+            Files.writeString(scratch.resolve("CTestTestfile.cmake"), "subdirs(\"" + dir + "\")\n");
+            Process p = new ProcessBuilder(ctest, "-N").directory(scratch.toFile()).redirectErrorStream(true).start();
+            out = new String(p.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
+            rc = p.waitFor();
+        } finally {
+            try (Stream<Path> walk = Files.walk(scratch)) {
+                for (Path p : walk.sorted(java.util.Comparator.reverseOrder()).collect(Collectors.toList()))
+                    Files.deleteIfExists(p);
+            }
+        }
+        if (rc != 0) throw new IOException("ctest -N failed for " + build + ":\n" + out);
         Matcher m = Pattern.compile("(?m)^\\s*Test\\s+#\\d+:\\s+(\\S+)").matcher(out);
         while (m.find()) tests.add(m.group(1));
         if (tests.isEmpty()) throw new IOException("ctest -N in " + build + " lists no test:\n" + out);
