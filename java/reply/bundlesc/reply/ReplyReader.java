@@ -464,14 +464,11 @@ public final class ReplyReader {
                 return false;
             }
             int close = k + 1;
-            while (close < n && s.charAt(close) != '"' && s.charAt(close) != '\\') {
-                close++;
+            while (close < n && s.charAt(close) != '"') {
+                close += s.charAt(close) == '\\' ? 2 : 1;
             }
             if (close >= n) {
                 return true;
-            }
-            if (s.charAt(close) != '"') {
-                return false;
             }
             int colon = skipBlanks(s, close + 1);
             return colon >= n || s.charAt(colon) == ':';
