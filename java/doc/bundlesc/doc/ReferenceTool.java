@@ -285,8 +285,7 @@ public final class ReferenceTool {
             for (NativeDoc n : natives) {
                 for (NativeDoc.Oddity o : n.oddities) {
                     if (o.kinds.contains(kind.name())) {
-                        shown.add("<li><a href=\"" + Html.escape(docLink(n)) + "\"><code>" + n.className + "."
-                                + n.methodName + "</code></a>: " + inlineCode(o.words)
+                        shown.add("<li>" + nativeLink(n) + ": " + inlineCode(o.words)
                                 + (o.transcript.isEmpty() ? "" : " (example on its page)") + "</li>");
                     }
                 }
@@ -304,8 +303,7 @@ public final class ReferenceTool {
                 + "repair), and <code>reply.text()</code> is the text as sent:</p>\n<ul>\n");
         for (NativeDoc n : natives) {
             if (n.returnsString() && n.hasExample() && !n.exampleOutput.get(0).startsWith("{")) {
-                b.append("<li><a href=\"").append(Html.escape(docLink(n))).append("\"><code>").append(n.className)
-                        .append('.').append(n.methodName).append("</code></a>, e.g. <code>")
+                b.append("<li>").append(nativeLink(n)).append(", e.g. <code>")
                         .append(Html.escape(n.exampleOutput.get(0))).append("</code></li>\n");
             }
         }
@@ -330,6 +328,12 @@ public final class ReferenceTool {
             "simulated gateway, the native's page shows it in an example, which the build's tests run",
             "against the simulated gateway and read with the reader, expecting exactly these repairs.</p>",
             "");
+
+    /** A link to the native's entry, named Class.method. */
+    private static String nativeLink(NativeDoc n) {
+        return "<a href=\"" + Html.escape(docLink(n)) + "\"><code>" + n.className + "." + n.methodName
+                + "</code></a>";
+    }
 
     /** The native's entry in javadoc's page of its class. */
     static String docLink(NativeDoc n) {
