@@ -278,6 +278,34 @@ class ReplyReaderTest {
         return b.toString();
     }
 
+    /**
+     * The reader uses Gson's tree classes alone (every Gson 2 has them with the methods used),
+     * never a parser, reader or type adapter a gateway's older Gson may lack or differ in.
+     */
+    @Test
+    void onlyGsonsTreeClassesAreUsed() throws Exception {
+        java.util.Set<String> used = new java.util.TreeSet<String>();
+        for (Class<?> c : new Class<?>[] {ReplyReader.class, Reply.class, Repair.class, Repair.Kind.class,
+                ReplyNumber.class, Class.forName("bundlesc.reply.ReplyReader$Parser")}) {
+            String file = c.getName().substring(c.getName().lastIndexOf('.') + 1) + ".class";
+            try (java.io.InputStream in = c.getResourceAsStream(file)) {
+                ByteArrayOutputStream bytes = new ByteArrayOutputStream();
+                byte[] buffer = new byte[4096];
+                for (int n; (n = in.read(buffer)) > 0; ) {
+                    bytes.write(buffer, 0, n);
+                }
+                java.util.regex.Matcher m = java.util.regex.Pattern.compile("com/google/gson/[\\w/$]+")
+                        .matcher(new String(bytes.toByteArray(), "ISO-8859-1"));
+                while (m.find()) {
+                    used.add(m.group());
+                }
+            }
+        }
+        assertEquals(new java.util.TreeSet<String>(Arrays.asList("com/google/gson/JsonArray",
+                "com/google/gson/JsonElement", "com/google/gson/JsonNull", "com/google/gson/JsonObject",
+                "com/google/gson/JsonPrimitive")), used);
+    }
+
     // ---- the API's small parts
 
     @Test
