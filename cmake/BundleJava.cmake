@@ -125,6 +125,10 @@ if(bundle_java_tests)
       # -Xcheck:jni reports misuse as warnings; any of them fails the test.
       FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   endforeach()
+  # ctest runs entries side by side: the longest start first (the soak and the deep-stack
+  # test run whole JVMs of their own for many seconds), so no core idles at the end.
+  set_tests_properties(jvm.SoakTest PROPERTIES COST 1000)
+  set_tests_properties(jvm.DeepStackTest jvm.services PROPERTIES COST 300)
 endif()
 
 if(bundle_java_tests)
