@@ -115,16 +115,12 @@ if(bundle_java_tests)
             --class-path "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}:${java_test_classes}" ${shared_selects}
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
   list(APPEND jvm_test_names jvm.services)
-  foreach(name IN LISTS jvm_test_names)
-    # The simulator's route tool and resolver stand in for the machine's, and the gateway's
-    # flag files are looked up in a folder of the entry's own (sim/host/flag_files.h).
-    set(flag_dir "${CMAKE_BINARY_DIR}/flags/${name}")
-    file(MAKE_DIRECTORY "${flag_dir}")
-    set_tests_properties(${name} PROPERTIES
-      ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_FLAG_DIR=${flag_dir};BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
-      # -Xcheck:jni reports misuse as warnings; any of them fails the test.
-      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
-  endforeach()
+  set_tests_properties(${jvm_test_names} PROPERTIES
+    # The simulator's route tool and resolver stand in for the machine's (and the gateway's
+    # flag files are in a folder of the entry's own: the end of CMakeLists.txt).
+    ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
+    # -Xcheck:jni reports misuse as warnings; any of them fails the test.
+    FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   # ctest runs entries side by side: the longest start first (the soak and the deep-stack
   # test run whole JVMs of their own for many seconds), so no core idles at the end.
   set_tests_properties(jvm.SoakTest PROPERTIES COST 1000)
