@@ -94,6 +94,83 @@ TEST_F(Simulator, SavedTreeIsReadBackByTheNextLoad) {
   unsetenv("BRELO_SIM_SAVE");
 }
 
+// An older saved tree, holding only some nodes: those replace the default ones of the same
+// name, whole; every other default node (WLAN, traffic, the other rules) stays.
+TEST_F(Simulator, SavedTreeReplacesOnlyTheNodesItHolds) {
+  std::string path = temp_path("partial");
+  write_file(path, "[tcapi VirServer_Entry8_Entry0]\nLOCALIP = 192.168.1.99\n");
+  setenv("BRELO_SIM_SAVE", path.c_str(), 1);
+  EXPECT_EQ(sim_load_default(), 0);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.99");
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry0", "Protocal"), nullptr);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), "192.168.1.33");
+  EXPECT_STREQ(sim_get("tcapi WanInfo_Common", "ValidIFIndex"), "0,8,16,24");
+  EXPECT_NE(sim_get("tcapi BandWidth_Entry0", "MAC"), nullptr);
+  EXPECT_NE(sim_get("tcapi WLanForGuest_Entry0", "Duration"), nullptr);
+  EXPECT_NE(sim_get("tcapi TrafficMonitoring_PVC0_Entry0", "destAddressList"), nullptr);
+  EXPECT_NE(sim_get("tcapi TrafficMirror_Entry0", "protocol"), nullptr);
+  unlink(path.c_str());
+  unsetenv("BRELO_SIM_SAVE");
+}
+
+// A node removed before the save stays removed when the tree is read back; made again and
+// saved, it is back.
+TEST_F(Simulator, NodesRemovedBeforeTheSaveStayRemoved) {
+  std::string path = temp_path("removed");
+  unlink(path.c_str());
+  setenv("BRELO_SIM_SAVE", path.c_str(), 1);
+  sim_load_default();
+  tcapi_unset("VirServer_Entry8_Entry1");
+  tcapi_unset("NeverThere");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), nullptr);
+  EXPECT_EQ(sim_get("removed tree nodes", "VirServer_Entry8_Entry1"), nullptr);  // not state
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  tcapi_save();  // the removal is kept from one save to the next
+  sim_load_default();
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), nullptr);
+  tcapi_set("VirServer_Entry8_Entry1", "LOCALIP", "192.168.1.34");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), "192.168.1.34");
+  unlink(path.c_str());
+  unsetenv("BRELO_SIM_SAVE");
+}
+
+TEST_F(Simulator, FreshLoadIgnoresTheSavedTreeButStillSaves) {
+  std::string path = temp_path("fresh");
+  unlink(path.c_str());
+  setenv("BRELO_SIM_SAVE", path.c_str(), 1);
+  sim_load_default();
+  tcapi_set("VirServer_Entry8_Entry0", "LOCALIP", "192.168.1.77");
+  tcapi_save();
+  EXPECT_EQ(sim_load_fresh(), 0);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  tcapi_set("VirServer_Entry8_Entry0", "Active", "No");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "Active"), "No");
+  unlink(path.c_str());
+  unsetenv("BRELO_SIM_SAVE");
+}
+
+// Unset or empty, BRELO_SIM_SAVE saves nowhere and reads nothing back.
+TEST_F(Simulator, WithoutASavePathNothingIsSavedOrReadBack) {
+  std::string path = temp_path("nowhere");
+  write_file(path, "[tcapi VirServer_Entry8_Entry0]\nLOCALIP = 192.168.1.99\n");
+  for (const char *save : {static_cast<const char *>(nullptr), ""}) {
+    if (save == nullptr) unsetenv("BRELO_SIM_SAVE");
+    else setenv("BRELO_SIM_SAVE", save, 1);
+    sim_load_default();
+    EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+    EXPECT_EQ(tcapi_save(), 0);
+  }
+  unlink(path.c_str());
+  unsetenv("BRELO_SIM_SAVE");
+}
+
 TEST_F(Simulator, ProgrammedResultsReplaceTheUsualOnes) {
   sim_program_result("tcapi_set", -3);
   EXPECT_EQ(tcapi_set("N", "a", "b"), -3);
