@@ -33,14 +33,15 @@ final class SimulatorSession {
 
     /** Starts a session as the environment says, with the simulator found on the class path. */
     static SimulatorSession begin(boolean fresh, PrintStream notes) throws ConsoleException {
-        return begin(fresh, System.getenv(SAVE_VARIABLE), SIMULATOR_CLASS, notes);
+        return begin(fresh, System.getenv(SAVE_VARIABLE), SIMULATOR_CLASS, null, notes);
     }
 
     /**
      * @param save      the value of $BRELO_SIM_SAVE, or null when it is not set
      * @param simulator the simulator's control class (absent on the gateway)
+     * @param root      where the session's folder is made (null: the system's temporary folder)
      */
-    static SimulatorSession begin(boolean fresh, String save, String simulator, PrintStream notes)
+    static SimulatorSession begin(boolean fresh, String save, String simulator, Path root, PrintStream notes)
             throws ConsoleException {
         if (!fresh && save != null) {
             return NONE;  // the simulator saves where the user asked, and reads it back itself
@@ -48,7 +49,7 @@ final class SimulatorSession {
         Class<?> gateway = simulatorClass(simulator);
         if (gateway == null) {
             if (fresh) {
-                throw BridgeCore.usageError("--fresh needs the simulated gateway (" + simulator
+                throw new ConsoleException("--fresh needs the simulated gateway (" + simulator
                         + " on the class path, its library on java.library.path)");
             }
             return NONE;
@@ -61,12 +62,18 @@ final class SimulatorSession {
         }
         Path folder;
         try {
-            folder = Files.createTempDirectory("bundle_sc-session-");
+            String prefix = "bundle_sc-session-";
+            folder = root != null ? Files.createTempDirectory(root, prefix) : Files.createTempDirectory(prefix);
         } catch (IOException e) {
             throw new ConsoleException("cannot make a folder for this session's configuration tree: " + e.getMessage());
         }
         String file = folder.resolve(SAVED_TREE).toString();
-        invoke(gateway, "setSavePath", file);
+        try {
+            invoke(gateway, "setSavePath", file);
+        } catch (ConsoleException e) {
+            folder.toFile().delete();
+            throw e;
+        }
         notes.println("simulated gateway: this session saves its configuration tree in " + file
                 + " (" + SAVE_VARIABLE + "=FILE keeps it from one session to the next)");
         notes.flush();
