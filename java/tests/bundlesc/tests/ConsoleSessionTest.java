@@ -5,16 +5,14 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.lumarest.smartgateway.addressservices.PortMappingQueryServiceImp;
-import java.io.ByteArrayOutputStream;
 import java.io.File;
-import java.io.InputStream;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.Collections;
 import java.util.List;
-import java.util.concurrent.CompletableFuture;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 import java.util.stream.Collectors;
@@ -38,51 +36,14 @@ class ConsoleSessionTest {
     @TempDir
     Path temp;
 
-    private static final class Run {
-        String out;
-        String err;
-    }
-
-    private static String location(Class<?> c) throws Exception {
-        return new File(c.getProtectionDomain().getCodeSource().getLocation().toURI()).getPath();
-    }
-
-    private static String read(InputStream in) throws Exception {
-        ByteArrayOutputStream out = new ByteArrayOutputStream();
-        byte[] buf = new byte[8192];
-        for (int n; (n = in.read(buf)) > 0; ) {
-            out.write(buf, 0, n);
-        }
-        return new String(out.toByteArray(), StandardCharsets.UTF_8);
-    }
-
     /** The console with `args`, its temporary folder in the test's; save: BRELO_SIM_SAVE or null. */
-    private Run console(String save, String... args) throws Exception {
-        String java = System.getProperty("java.home") + File.separator + "bin" + File.separator + "java";
-        List<String> command = new ArrayList<String>(Arrays.asList(java, "-Xcheck:jni",
-                "-Djava.library.path=" + System.getProperty("java.library.path"),
-                "-Djava.io.tmpdir=" + temp,
-                "-cp", location(PortMappingQueryServiceImp.class) + File.pathSeparator + "/usr/share/java/gson.jar",
+    private ChildJvm console(String save, String... args) throws Exception {
+        List<String> command = new ArrayList<String>(Arrays.asList("-Djava.io.tmpdir=" + temp, "-cp",
+                ChildJvm.location(PortMappingQueryServiceImp.class) + File.pathSeparator + "/usr/share/java/gson.jar",
                 "bundlesc.console.BridgeConsole"));
         command.addAll(Arrays.asList(args));
-        ProcessBuilder builder = new ProcessBuilder(command);
-        builder.environment().remove("BRELO_SIM_SAVE");
-        if (save != null) {
-            builder.environment().put("BRELO_SIM_SAVE", save);
-        }
-        Process p = builder.start();
-        p.getOutputStream().close();
-        CompletableFuture<String> err = CompletableFuture.supplyAsync(() -> {
-            try {
-                return read(p.getErrorStream());
-            } catch (Exception e) {
-                return e.toString();
-            }
-        });
-        Run run = new Run();
-        run.out = read(p.getInputStream());
-        run.err = err.get();
-        assertEquals(0, p.waitFor(), run.out + run.err);
+        ChildJvm run = ChildJvm.run(Collections.singletonMap("BRELO_SIM_SAVE", save), command.toArray(new String[0]));
+        assertEquals(0, run.status, run.out + run.err);
         return run;
     }
 
@@ -95,7 +56,7 @@ class ConsoleSessionTest {
 
     @Test
     void aSessionSavesInAFolderOfItsOwnAndTheNextReadsItOnlyWhenAsked() throws Exception {
-        Run first = console(null, "PortMappingConfigService", "addPortMappingJni", "4", "5060", "5060", "UDP",
+        ChildJvm first = console(null, "PortMappingConfigService", "addPortMappingJni", "4", "5060", "5060", "UDP",
                 "192.168.1.50");
         assertEquals("0\n", first.out);
         Matcher m = SESSION.matcher(first.err);
@@ -106,19 +67,19 @@ class ConsoleSessionTest {
                 .contains("[tcapi VirServer_Entry24_Entry0]\nProtocal = \"UDP\"\n"));
 
         // A session of its own again: the default gateway, not the tree the first one saved.
-        Run second = console(null, "PortMappingQueryService", "getPortMappingInfoJni");
+        ChildJvm second = console(null, "PortMappingQueryService", "getPortMappingInfoJni");
         assertFalse(second.out.contains(RULE), second.out);
         assertEquals(1, sessionFolders().size(), "the second session saved nothing: its folder went");
 
         // Named in BRELO_SIM_SAVE, the saved tree is read back, and nothing is printed.
-        Run third = console(saved.toString(), "PortMappingQueryService", "getPortMappingInfoJni");
+        ChildJvm third = console(saved.toString(), "PortMappingQueryService", "getPortMappingInfoJni");
         assertTrue(third.out.contains("\"MapList\":[" + RULE + "]"), third.out);
         assertEquals("", third.err);
         // The shipped rules of the other WAN are still there: the saved tree replaced only its nodes.
         assertTrue(third.out.contains("\"InternalClient\":\"192.168.1.33\""), third.out);
 
         // --fresh: the default gateway, whatever was saved.
-        Run fresh = console(saved.toString(), "--fresh", "PortMappingQueryService", "getPortMappingInfoJni");
+        ChildJvm fresh = console(saved.toString(), "--fresh", "PortMappingQueryService", "getPortMappingInfoJni");
         assertFalse(fresh.out.contains(RULE), fresh.out);
         assertEquals("", fresh.err);
     }

@@ -5,12 +5,9 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.lumarest.smartgateway.transferservices.L2TPVPNServiceImp;
-import java.io.ByteArrayOutputStream;
 import java.io.File;
-import java.io.InputStream;
-import java.nio.charset.StandardCharsets;
+import java.util.HashMap;
 import java.util.Map;
-import java.util.concurrent.CompletableFuture;
 import org.junit.jupiter.api.Test;
 
 /**
@@ -22,56 +19,13 @@ class HostSideRefusalTest {
     private static final String REFUSAL =
             "gateway sim: no route command and no name lookup is made in this process";
 
-    private static final class Run {
-        final int status;
-        final String out;
-        final String err;
-
-        Run(int status, String out, String err) {
-            this.status = status;
-            this.out = out;
-            this.err = err;
-        }
-    }
-
-    private static String location(Class<?> c) throws Exception {
-        return new File(c.getProtectionDomain().getCodeSource().getLocation().toURI()).getPath();
-    }
-
-    private static String read(InputStream in) throws Exception {
-        ByteArrayOutputStream out = new ByteArrayOutputStream();
-        byte[] buf = new byte[8192];
-        for (int n; (n = in.read(buf)) > 0; ) {
-            out.write(buf, 0, n);
-        }
-        return new String(out.toByteArray(), StandardCharsets.UTF_8);
-    }
-
     /** HostSideChild in a JVM of its own, with `preload` as LD_PRELOAD (null: none at all). */
-    private static Run child(String preload) throws Exception {
-        String java = System.getProperty("java.home") + File.separator + "bin" + File.separator + "java";
-        String classPath = location(HostSideChild.class) + File.pathSeparator + location(L2TPVPNServiceImp.class);
-        ProcessBuilder builder = new ProcessBuilder(java, "-Xcheck:jni",
-                "-Djava.library.path=" + System.getProperty("java.library.path"),
-                "-cp", classPath, HostSideChild.class.getName());
-        Map<String, String> env = builder.environment();
-        env.remove("LD_PRELOAD");
-        if (preload != null) {
-            env.put("LD_PRELOAD", preload);
-        }
+    private static ChildJvm child(String preload) throws Exception {
+        Map<String, String> env = new HashMap<String, String>();
+        env.put("LD_PRELOAD", preload);
         env.put("BRELO_SIM_SAVE", "");
-        Process p = builder.start();
-        p.getOutputStream().close();
-        CompletableFuture<String> err = CompletableFuture.supplyAsync(() -> {
-            try {
-                return read(p.getErrorStream());
-            } catch (Exception e) {
-                return e.toString();
-            }
-        });
-        String out = read(p.getInputStream());
-        int status = p.waitFor();
-        return new Run(status, out, err.get());
+        return ChildJvm.run(env, "-cp", ChildJvm.location(HostSideChild.class) + File.pathSeparator
+                + ChildJvm.location(L2TPVPNServiceImp.class), HostSideChild.class.getName());
     }
 
     private static String library(String name) {
@@ -92,7 +46,7 @@ class HostSideRefusalTest {
         return n;
     }
 
-    private static void assertRefused(Run run) {
+    private static void assertRefused(ChildJvm run) {
         assertEquals(0, run.status, run.out + run.err);
         assertEquals("addVpnDestIPJni 0\n"
                 + "deleteVpnDestIPJni 0\n"
@@ -114,14 +68,14 @@ class HostSideRefusalTest {
     /** Another system() and gethostbyname() in front: none of the bridge's calls reaches them. */
     @Test
     void noCallReachesAnotherStandIn() throws Exception {
-        Run run = child(library("libhostprobe.so"));
+        ChildJvm run = child(library("libhostprobe.so"));
         assertRefused(run);
         assertFalse(run.err.contains("host probe:"), run.err);
     }
 
     @Test
     void withTheHostSideEverythingRunsAsBefore() throws Exception {
-        Run run = child(library("libgatewayhost.so"));
+        ChildJvm run = child(library("libgatewayhost.so"));
         assertEquals(0, run.status, run.out + run.err);
         assertEquals("addVpnDestIPJni 0\n"
                 + "deleteVpnDestIPJni 0\n"
