@@ -12,7 +12,9 @@ import java.nio.file.Paths;
  * The JVM that HostSideRefusalTest starts with or without the simulator's host side: it calls
  * the natives that run route commands and look names up, and prints their results, the calls
  * the simulator's host side logged, and whether any child process ran (a route command runs
- * the shell, whose page faults the kernel adds to this process's count for its children).
+ * the shell, whose page faults the kernel adds to this process's count for its children). Its
+ * lines start with "child: ", apart from any debug trace a flag file outside the test's
+ * control switches on in a JVM without the host side.
  */
 public final class HostSideChild {
     private HostSideChild() {}
@@ -26,14 +28,18 @@ public final class HostSideChild {
         L2TPVPNServiceImp vpn = new L2TPVPNServiceImp();
         PortMappingConfigServiceImp mappings = new PortMappingConfigServiceImp();
         String[] destinations = {"10.0.0.1", "video.lumarest.example"};
-        System.out.println("addVpnDestIPJni " + vpn.addVpnDestIPJni(destinations));
-        System.out.println("deleteVpnDestIPJni " + vpn.deleteVpnDestIPJni(destinations));
-        System.out.println("addPortMappingJni nas.home " + mappings.addPortMappingJni(2, 8081, 81, "TCP", "nas.home"));
-        System.out.println("addPortMappingJni 192.168.1.20 "
+        say("addVpnDestIPJni " + vpn.addVpnDestIPJni(destinations));
+        say("deleteVpnDestIPJni " + vpn.deleteVpnDestIPJni(destinations));
+        say("addPortMappingJni nas.home " + mappings.addPortMappingJni(2, 8081, 81, "TCP", "nas.home"));
+        say("addPortMappingJni 192.168.1.20 "
                 + mappings.addPortMappingJni(2, 8082, 82, "TCP", "192.168.1.20"));
-        System.out.println("child process faults " + (childrensFaults() - before));
-        System.out.println("logged system " + GatewaySim.logCount("system"));
-        System.out.println("logged gethostbyname " + GatewaySim.logCount("gethostbyname"));
+        say("child process faults " + (childrensFaults() - before));
+        say("logged system " + GatewaySim.logCount("system"));
+        say("logged gethostbyname " + GatewaySim.logCount("gethostbyname"));
+    }
+
+    private static void say(String line) {
+        System.out.println("child: " + line);
     }
 
     /** cminflt of /proc/self/stat: minor faults of the children this process waited for. */
