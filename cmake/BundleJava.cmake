@@ -84,6 +84,11 @@ if(BUNDLE_HAVE_SIM)
 endif()
 
 if(bundle_java_tests)
+  # A system() and gethostbyname() that are not the simulator's host side, preloaded by
+  # HostSideRefusalTest into a JVM of its own (found on java.library.path).
+  add_library(hostprobe SHARED "${CMAKE_SOURCE_DIR}/tests/tools/host_probe.cpp")
+  add_dependencies(java_classes hostprobe)
+
   # Most test classes share one JVM (starting a JVM costs more than a class's tests, and one
   # JVM loading the library once is how a framework uses it); JUnit's tree report names every
   # test. The soak and the deep-stack test measure a JVM of their own and run alone.

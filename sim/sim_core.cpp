@@ -15,6 +15,7 @@
 #include <list>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,13 +26,11 @@
 #ifndef SIM_DEFAULT_STATE
 #define SIM_DEFAULT_STATE "sim/gateway"
 #endif
-#ifndef SIM_DEFAULT_SAVE
-#define SIM_DEFAULT_SAVE ""
-#endif
 // Where this library is built (the build tree's lib/ directory), and where the default state
 // is installed relative to the directory the library is installed in. A library loaded from
 // anywhere but its build directory, with that state beside it, is an installed one: it reads
-// the installed state and saves nowhere unless BRELO_SIM_SAVE says where.
+// the installed state. Built or installed, it saves the configuration tree only where
+// BRELO_SIM_SAVE says, so no run leaves state behind in the build or the installation.
 #ifndef SIM_BUILD_LIBDIR
 #define SIM_BUILD_LIBDIR ""
 #endif
@@ -74,6 +73,9 @@ struct World {
   CallLog log;
   std::string log_copy;  // what sim_log() hands out
   std::string save_path;
+  // Configuration-tree nodes removed since the load (and not made again): a saved tree lists
+  // them, so a node a session removed stays removed when the tree is read back.
+  std::set<std::string> removed_nodes;
   // The section names under each prefix asked for so far, in creation order, kept up to date
   // as sections come and go (values changing leave them alone).
   std::unordered_map<std::string, std::vector<std::string>> names_by_prefix;
@@ -165,28 +167,21 @@ void section_removed(const std::string &name) {
   }
 }
 
+const char kTreePrefix[] = "tcapi ";
+// The section of a saved tree that names the nodes removed before it was saved.
+const char kRemovedNodes[] = "removed tree nodes";
+
+bool is_tree_node(const std::string &name) { return name.rfind(kTreePrefix, 0) == 0; }
+
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
+  if (!g_world.removed_nodes.empty() && is_tree_node(name))
+    g_world.removed_nodes.erase(name.substr(sizeof kTreePrefix - 1));
   section_created(name);
   g_world.sections.push_back(Section{name, {}});
   g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
   bump();
   return g_world.sections.back();
-}
-
-// Removes every section `doomed` says yes to, from the list and the index.
-template <typename Pred>
-void remove_sections(Pred doomed) {
-  for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
-    if (doomed(*it)) {
-      section_removed(it->name);
-      g_world.by_name.erase(it->name);
-      it = g_world.sections.erase(it);
-      bump();
-    } else {
-      ++it;
-    }
-  }
 }
 
 void set_value(const std::string &section, const std::string &key, const std::string &value) {
@@ -269,10 +264,13 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
-int load_file(const std::string &path) {
+// Loads a state file on top of the state. With `replace`, a section the file holds replaces the
+// section of that name (its values are those of the file alone); else values are added.
+int load_file(const std::string &path, bool replace = false) {
   FILE *f = fopen(path.c_str(), "r");
   if (f == nullptr) return -1;
   std::string section;
+  std::set<std::string> replaced;
   char line[4096];
   int rc = 0, lineno = 0;
   while (fgets(line, sizeof line, f) != nullptr) {
@@ -288,7 +286,11 @@ int load_file(const std::string &path) {
         continue;
       }
       section = trim(t.substr(1, t.size() - 2));
-      make_section(section);
+      Section &s = make_section(section);
+      if (replace && replaced.insert(section).second && !s.entries.empty()) {
+        s.entries.clear();
+        bump();
+      }
       continue;
     }
     size_t eq = t.find('=');
@@ -365,7 +367,20 @@ void reset_locked() {
   bump();
 }
 
-int load_default_locked() {
+// A tree saved by tcapi_save, over the state just loaded: the nodes it holds replace those of
+// the same name, the nodes it names as removed go, every other node stays as loaded (so
+// nodes a newer default state brings are not hidden by an older saved tree).
+void load_saved_tree(const std::string &path) {
+  load_file(path, true);
+  Section *removed = find_section(kRemovedNodes);
+  if (removed == nullptr) return;
+  std::vector<std::string> nodes;
+  for (auto &e : removed->entries) nodes.push_back(e.first);
+  sim::remove_section(kRemovedNodes);
+  for (auto &n : nodes) sim::remove_section((kTreePrefix + n).c_str());
+}
+
+int load_default_locked(bool saved_tree = true) {
   reset_locked();
   const char *state = getenv("BRELO_SIM_STATE");
   std::string installed = installed_state();
@@ -373,14 +388,12 @@ int load_default_locked() {
                      : !installed.empty()         ? installed
                                                   : std::string(SIM_DEFAULT_STATE));
   const char *save = getenv("BRELO_SIM_SAVE");
-  g_world.save_path = save != nullptr ? save : installed.empty() ? SIM_DEFAULT_SAVE : "";
-  if (!g_world.save_path.empty()) {
+  g_world.save_path = save != nullptr ? save : "";
+  if (saved_tree && !g_world.save_path.empty()) {
     FILE *f = fopen(g_world.save_path.c_str(), "r");
     if (f != nullptr) {
       fclose(f);
-      // The saved tree replaces the shipped one.
-      remove_sections([](const Section &s) { return s.name.rfind("tcapi ", 0) == 0; });
-      load_file(g_world.save_path);
+      load_saved_tree(g_world.save_path);
     }
   }
   return rc;
@@ -515,6 +528,7 @@ void remove_section(const char *section) {
   auto it = g_world.by_name.find(section);
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
+  if (is_tree_node(doomed->name)) g_world.removed_nodes.insert(doomed->name.substr(sizeof kTreePrefix - 1));
   section_removed(doomed->name);
   g_world.by_name.erase(it);
   g_world.sections.erase(doomed);
@@ -538,11 +552,19 @@ SIM_EXPORT int save_tree() {
   if (g_world.save_path.empty()) return 0;
   FILE *f = fopen(g_world.save_path.c_str(), "w");
   if (f == nullptr) return -1;
-  fprintf(f, "# Configuration tree saved by the gateway simulator's tcapi_save.\n");
+  fprintf(f,
+          "# Configuration tree saved by the gateway simulator's tcapi_save. Read back over the\n"
+          "# default state, its nodes replace the nodes of the same name and the nodes of\n"
+          "# [%s] are removed; the other nodes stay as the default state has them.\n",
+          kRemovedNodes);
   for (auto &s : g_world.sections) {
-    if (s.name.rfind("tcapi ", 0) != 0) continue;
+    if (!is_tree_node(s.name)) continue;
     fprintf(f, "\n[%s]\n", s.name.c_str());
     for (auto &e : s.entries) fprintf(f, "%s = %s\n", e.first.c_str(), encode_value(e.second).c_str());
+  }
+  if (!g_world.removed_nodes.empty()) {
+    fprintf(f, "\n[%s]\n", kRemovedNodes);
+    for (auto &n : g_world.removed_nodes) fprintf(f, "%s = removed\n", n.c_str());
   }
   fclose(f);
   return 0;
@@ -566,6 +588,11 @@ SIM_EXPORT int sim_load(const char *path) {
 SIM_EXPORT int sim_load_default(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   return load_default_locked();
+}
+
+SIM_EXPORT int sim_load_fresh(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  return load_default_locked(false);
 }
 
 SIM_EXPORT void sim_set(const char *section, const char *key, const char *value) {
