@@ -75,7 +75,7 @@ if(bundle_java_tests)
               "-DEXPECT=${CMAKE_SOURCE_DIR}/tests/osgi/box/${name}.expect"
               -P "${CMAKE_SOURCE_DIR}/cmake/check_box.cmake")
     set_tests_properties(osgi.box-${name} PROPERTIES
-      RESOURCE_LOCK gateway_flag_files TIMEOUT 180
+      TIMEOUT 180
       # JNI misuse, a bundle the framework could not start, a shell command that threw.
       FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|ERROR: Bundle|gogo: ")
   endforeach()

@@ -8,8 +8,8 @@
 #              platform library), the default gateway's state in <datadir>/bundle_sc/gateway,
 #              and bin/bundle_sc-simulator, which runs a command (a JVM) against them.
 #   java       the service classes without native code (bundle_sc-services.jar, for non-OSGi
-#              use and for compiling bundles), the bridge bundle and its Javadoc jar, in
-#              <datadir>/java.
+#              use and for compiling bundles), the bridge bundle and its Javadoc jar, the
+#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java.
 #
 # A firmware package installs the runtime component alone (packaging/).
 
@@ -97,6 +97,11 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
     install(FILES "${BUNDLE_REFERENCE_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
     list(APPEND bundle_install_features reference)
   endif()
+  if(TARGET reply_bundle)
+    add_dependencies(install_jars reply_bundle)
+    install(FILES "${BUNDLE_REPLY_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
+    list(APPEND bundle_install_features reply_bundle)
+  endif()
 endif()
 
 # --- tests ---------------------------------------------------------------------------------
@@ -130,7 +135,6 @@ if(BUILD_TESTING AND NOT BUNDLE_SANITIZE AND NOT BUNDLE_HARDENED)
   add_test(NAME ${BUNDLE_TEST_PREFIX}install
     COMMAND ${CMAKE_COMMAND} ${install_args} -P "${CMAKE_SOURCE_DIR}/cmake/check_install.cmake")
   set_tests_properties(${BUNDLE_TEST_PREFIX}install PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   if(NOT CMAKE_CROSSCOMPILING)
     add_test(NAME ${BUNDLE_TEST_PREFIX}packaging

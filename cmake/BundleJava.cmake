@@ -27,7 +27,7 @@ set(java_test_classes "${java_out}/test-classes")
 file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
      "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
      "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java"
-     "${CMAKE_SOURCE_DIR}/java/doc/*.java")
+     "${CMAKE_SOURCE_DIR}/java/doc/*.java" "${CMAKE_SOURCE_DIR}/java/reply/*.java")
 file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
 
 # The console's catalog: the classes the library exports natives for, one binary name a line,
@@ -57,7 +57,7 @@ add_custom_command(OUTPUT "${java_out}/classes.stamp"
           "${BUNDLE_JAVA_CLASSES}/bundlesc/console/service-classes.txt"
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
   DEPENDS ${java_main_sources} "${BUNDLE_SERVICE_CLASSES_LIST}"
-  COMMENT "Compiling the Java service classes, simulator control, console, benchmark and reference tool (Java 8)")
+  COMMENT "Compiling the Java service classes, simulator control, console, benchmark, reference tool and reply reader (Java 8)")
 add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
@@ -84,6 +84,11 @@ if(BUNDLE_HAVE_SIM)
 endif()
 
 if(bundle_java_tests)
+  # A system() and gethostbyname() that are not the simulator's host side, preloaded by
+  # HostSideRefusalTest into a JVM of its own (found on java.library.path).
+  add_library(hostprobe SHARED "${CMAKE_SOURCE_DIR}/tests/tools/host_probe.cpp")
+  add_dependencies(java_classes hostprobe)
+
   # Most test classes share one JVM (starting a JVM costs more than a class's tests, and one
   # JVM loading the library once is how a framework uses it); JUnit's tree report names every
   # test. The soak and the deep-stack test measure a JVM of their own and run alone.
@@ -116,11 +121,15 @@ if(bundle_java_tests)
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
   list(APPEND jvm_test_names jvm.services)
   set_tests_properties(${jvm_test_names} PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
-    # The simulator's route tool and resolver stand in for the machine's.
+    # The simulator's route tool and resolver stand in for the machine's (and the gateway's
+    # flag files are in a folder of the entry's own: the end of CMakeLists.txt).
     ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     # -Xcheck:jni reports misuse as warnings; any of them fails the test.
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+  # ctest runs entries side by side: the longest start first (the soak and the deep-stack
+  # test run whole JVMs of their own for many seconds), so no core idles at the end.
+  set_tests_properties(jvm.SoakTest PROPERTIES COST 1000)
+  set_tests_properties(jvm.DeepStackTest jvm.services PROPERTIES COST 300)
 endif()
 
 if(bundle_java_tests)
@@ -134,7 +143,6 @@ if(bundle_java_tests)
             -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
@@ -152,3 +160,6 @@ include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
 
 # The bridge and simulator bundles, and the osgi.* tier.
 include("${CMAKE_CURRENT_LIST_DIR}/BundleOsgi.cmake")
+
+# The reply reader's bundle and its OSGi test.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleReply.cmake")

@@ -24,6 +24,8 @@ while (($#)); do
     *) echo "gateway-box.sh: unknown argument $1 (--help shows the usage)" >&2; exit 2 ;;
   esac
 done
+# The framework runs in a scratch directory: a relative build directory is taken from here.
+build=$(realpath -m "$build")
 
 if ((do_build)); then
   source "$here/scripts/packages.sh"

@@ -22,13 +22,20 @@ void sim_reset(void);
 int sim_load(const char *path);
 
 // sim_reset(), then the default simulated gateway: $BRELO_SIM_STATE if set, else the state
-// shipped with the simulator; then the configuration tree saved by tcapi_save, if any, and
-// tcapi_save persists to $BRELO_SIM_SAVE if set, else next to the simulator's build.
+// shipped with the simulator. tcapi_save writes the configuration tree to $BRELO_SIM_SAVE
+// (nowhere when it is unset or empty), and a tree saved there before is read back: its nodes
+// replace the nodes of the same name, the nodes it lists as removed are removed, and every
+// other node stays as the default state has it.
 // This is also what happens on the first platform call of a process that set nothing up.
 int sim_load_default(void);
 
-// Remembers the state as it is now (every section and value, the configuration tree and where
-// tcapi_save writes it), for sim_restore, and returns a number naming this snapshot (never 0).
+// sim_load_default() without reading a saved tree back: the default gateway as shipped (or as
+// $BRELO_SIM_STATE has it). tcapi_save still writes to $BRELO_SIM_SAVE.
+int sim_load_fresh(void);
+
+// Remembers the state as it is now (every section and value, the configuration tree, the nodes
+// removed from it and where tcapi_save writes it), for sim_restore, and returns a number naming
+// this snapshot (never 0).
 // There is one snapshot at a time: taking a new one replaces the previous one.
 unsigned long sim_snapshot(void);
 
@@ -80,6 +87,15 @@ void sim_set_log_limit(unsigned long bytes);
 
 // Where tcapi_save writes the tree (NULL: nowhere; the call is still logged).
 void sim_set_save_path(const char *path);
+
+// Whether the bridge may run route commands and resolve names in this process (its weak hook,
+// see common/host_lookup.cpp): only when system() and gethostbyname() are the simulator's
+// host side, libgatewayhost.so loaded ahead of the C library. Otherwise the bridge runs no
+// command and makes no lookup, and the first refusal names the fix on standard error.
+int sim_host_side_ready(void);
+// For tests: 1 or 0 answers so from now on, -1 (the default) detects it; the refusal is
+// explained again at the next one.
+void sim_set_host_side(int ready);
 
 #ifdef __cplusplus
 }

@@ -15,6 +15,7 @@
 #include <list>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -26,13 +27,11 @@
 #ifndef SIM_DEFAULT_STATE
 #define SIM_DEFAULT_STATE "sim/gateway"
 #endif
-#ifndef SIM_DEFAULT_SAVE
-#define SIM_DEFAULT_SAVE ""
-#endif
 // Where this library is built (the build tree's lib/ directory), and where the default state
 // is installed relative to the directory the library is installed in. A library loaded from
 // anywhere but its build directory, with that state beside it, is an installed one: it reads
-// the installed state and saves nowhere unless BRELO_SIM_SAVE says where.
+// the installed state. Built or installed, it saves the configuration tree only where
+// BRELO_SIM_SAVE says, so no run leaves state behind in the build or the installation.
 #ifndef SIM_BUILD_LIBDIR
 #define SIM_BUILD_LIBDIR ""
 #endif
@@ -75,6 +74,9 @@ struct World {
   CallLog log;
   std::string log_copy;  // what sim_log() hands out
   std::string save_path;
+  // Configuration-tree nodes removed since the load (and not made again): a saved tree lists
+  // them, so a node a session removed stays removed when the tree is read back.
+  std::set<std::string> removed_nodes;
   // The section names under each prefix asked for so far, in creation order, kept up to date
   // as sections come and go (values changing leave them alone).
   std::unordered_map<std::string, std::vector<std::string>> names_by_prefix;
@@ -93,6 +95,7 @@ struct Snapshot {
   std::list<Section> sections;
   std::unordered_map<std::string_view, const Section *> by_name;
   std::string save_path;
+  std::set<std::string> removed_nodes;
   unsigned long clean_generation = 0;
   std::unordered_set<std::string> touched;
   bool removed = false;
@@ -188,29 +191,21 @@ void section_removed(const std::string &name) {
   }
 }
 
+const char kTreePrefix[] = "tcapi ";
+// The section of a saved tree that names the nodes removed before it was saved.
+const char kRemovedNodes[] = "removed tree nodes";
+
+bool is_tree_node(const std::string &name) { return name.rfind(kTreePrefix, 0) == 0; }
+
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
+  if (!g_world.removed_nodes.empty() && is_tree_node(name))
+    g_world.removed_nodes.erase(name.substr(sizeof kTreePrefix - 1));
   section_created(name);
   g_world.sections.push_back(Section{name, {}});
   g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
   bump();
   return g_world.sections.back();
-}
-
-// Removes every section `doomed` says yes to, from the list and the index.
-template <typename Pred>
-void remove_sections(Pred doomed) {
-  for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
-    if (doomed(*it)) {
-      g_snapshot.removed = true;
-      section_removed(it->name);
-      g_world.by_name.erase(it->name);
-      it = g_world.sections.erase(it);
-      bump();
-    } else {
-      ++it;
-    }
-  }
 }
 
 // Notes a section whose entries changed, for the next restore of a snapshot.
@@ -300,13 +295,16 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
-// Reads a state file line by line, whatever their length (a configuration-tree value of 4095
-// bytes takes up to four times as many once escaped). A line holding a NUL byte is malformed:
-// names are C texts, and a value takes any byte through \xHH.
-int load_file(const std::string &path) {
+// Loads a state file on top of the state, line by line whatever their length (a
+// configuration-tree value of 4095 bytes takes up to four times as many once escaped). With
+// `replace`, a section the file holds replaces the section of that name (its values are those
+// of the file alone); else values are added. A line holding a NUL byte is malformed: names are
+// C texts, and a value takes any byte through \xHH.
+int load_file(const std::string &path, bool replace = false) {
   FILE *f = fopen(path.c_str(), "r");
   if (f == nullptr) return -1;
   std::string section;
+  std::set<std::string> replaced;
   char *line = nullptr;
   size_t cap = 0;
   ssize_t got;
@@ -330,7 +328,12 @@ int load_file(const std::string &path) {
         continue;
       }
       section = trim(t.substr(1, t.size() - 2));
-      make_section(section);
+      Section &s = make_section(section);
+      if (replace && replaced.insert(section).second && !s.entries.empty()) {
+        s.entries.clear();
+        touched(section);
+        bump();
+      }
       continue;
     }
     size_t eq = t.find('=');
@@ -433,12 +436,26 @@ void restore_sections_locked() {
       if (kept != snap.by_name.end() && now != nullptr) now->entries = kept->second->entries;
     }
   }
+  if (g_world.removed_nodes != snap.removed_nodes) g_world.removed_nodes = snap.removed_nodes;
   snap.touched.clear();
   snap.removed = false;
   bump();
 }
 
-int load_default_locked() {
+// A tree saved by tcapi_save, over the state just loaded: the nodes it holds replace those of
+// the same name, the nodes it names as removed go, every other node stays as loaded (so
+// nodes a newer default state brings are not hidden by an older saved tree).
+void load_saved_tree(const std::string &path) {
+  load_file(path, true);
+  Section *removed = find_section(kRemovedNodes);
+  if (removed == nullptr) return;
+  std::vector<std::string> nodes;
+  for (auto &e : removed->entries) nodes.push_back(e.first);
+  sim::remove_section(kRemovedNodes);
+  for (auto &n : nodes) sim::remove_section((kTreePrefix + n).c_str());
+}
+
+int load_default_locked(bool saved_tree = true) {
   reset_locked();
   const char *state = getenv("BRELO_SIM_STATE");
   std::string installed = installed_state();
@@ -446,14 +463,12 @@ int load_default_locked() {
                      : !installed.empty()         ? installed
                                                   : std::string(SIM_DEFAULT_STATE));
   const char *save = getenv("BRELO_SIM_SAVE");
-  g_world.save_path = save != nullptr ? save : installed.empty() ? SIM_DEFAULT_SAVE : "";
-  if (!g_world.save_path.empty()) {
+  g_world.save_path = save != nullptr ? save : "";
+  if (saved_tree && !g_world.save_path.empty()) {
     FILE *f = fopen(g_world.save_path.c_str(), "r");
     if (f != nullptr) {
       fclose(f);
-      // The saved tree replaces the shipped one.
-      remove_sections([](const Section &s) { return s.name.rfind("tcapi ", 0) == 0; });
-      load_file(g_world.save_path);
+      load_saved_tree(g_world.save_path);
     }
   }
   return rc;
@@ -600,6 +615,7 @@ void remove_section(const char *section) {
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
   g_snapshot.removed = true;
+  if (is_tree_node(doomed->name)) g_world.removed_nodes.insert(doomed->name.substr(sizeof kTreePrefix - 1));
   section_removed(doomed->name);
   g_world.by_name.erase(it);
   g_world.sections.erase(doomed);
@@ -623,11 +639,19 @@ SIM_EXPORT int save_tree() {
   if (g_world.save_path.empty()) return 0;
   FILE *f = fopen(g_world.save_path.c_str(), "w");
   if (f == nullptr) return -1;
-  fprintf(f, "# Configuration tree saved by the gateway simulator's tcapi_save.\n");
+  fprintf(f,
+          "# Configuration tree saved by the gateway simulator's tcapi_save. Read back over the\n"
+          "# default state, its nodes replace the nodes of the same name and the nodes of\n"
+          "# [%s] are removed; the other nodes stay as the default state has them.\n",
+          kRemovedNodes);
   for (auto &s : g_world.sections) {
-    if (s.name.rfind("tcapi ", 0) != 0) continue;
+    if (!is_tree_node(s.name)) continue;
     fprintf(f, "\n[%s]\n", s.name.c_str());
     for (auto &e : s.entries) fprintf(f, "%s = %s\n", e.first.c_str(), encode_value(e.second).c_str());
+  }
+  if (!g_world.removed_nodes.empty()) {
+    fprintf(f, "\n[%s]\n", kRemovedNodes);
+    for (auto &n : g_world.removed_nodes) fprintf(f, "%s = removed\n", n.c_str());
   }
   fclose(f);
   return 0;
@@ -661,6 +685,7 @@ SIM_EXPORT unsigned long sim_snapshot(void) {
   g_snapshot.sections = g_world.sections;
   for (const Section &section : g_snapshot.sections) g_snapshot.by_name[section.name] = &section;
   g_snapshot.save_path = g_world.save_path;
+  g_snapshot.removed_nodes = g_world.removed_nodes;
   g_snapshot.clean_generation = g_generation.load();
   return g_snapshot.id;
 }
@@ -681,6 +706,11 @@ SIM_EXPORT int sim_restore(unsigned long id) {
   g_world.log.counts.clear();
   g_world.log_copy.clear();
   return 0;
+}
+
+SIM_EXPORT int sim_load_fresh(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  return load_default_locked(false);
 }
 
 SIM_EXPORT void sim_set(const char *section, const char *key, const char *value) {

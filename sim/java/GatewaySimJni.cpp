@@ -42,6 +42,10 @@ JNIEXPORT jint JNICALL Java_bundlesc_sim_GatewaySim_loadDefault(JNIEnv *, jclass
   return sim_load_default();
 }
 
+JNIEXPORT jint JNICALL Java_bundlesc_sim_GatewaySim_loadFresh(JNIEnv *, jclass) {
+  return sim_load_fresh();
+}
+
 JNIEXPORT jint JNICALL Java_bundlesc_sim_GatewaySim_load(JNIEnv *env, jclass, jstring path) {
   return sim_load(text(env, path).c_str());
 }

@@ -151,4 +151,31 @@ TEST_F(SimSnapshot, RestoreBringsBackTheSavePath) {
   sim_set_save_path(nullptr);
 }
 
+// The nodes removed from the configuration tree (which a saved tree lists) are those of the
+// snapshot again: a node removed since is no longer listed, one made again is listed again.
+TEST_F(SimSnapshot, RestoreBringsBackTheRemovedNodes) {
+  tcapi_set("Node_Entry2", "Attr", "gone");
+  tcapi_unset("Node_Entry2");
+  unsigned long id = sim_snapshot();
+  tcapi_unset("Node_Entry0");
+  tcapi_set("Node_Entry2", "Attr", "back");
+  EXPECT_EQ(sim_restore(id), 0);
+  std::string path = "/tmp/bundle_sc_simsnapshot_removed_" + std::to_string(getpid()) + ".ini";
+  sim_set_save_path(path.c_str());
+  EXPECT_EQ(tcapi_save(), 0);
+  sim_set_save_path(nullptr);
+  std::string saved;
+  if (FILE *f = fopen(path.c_str(), "r")) {
+    char chunk[512];
+    size_t n;
+    while ((n = fread(chunk, 1, sizeof chunk, f)) > 0) saved.append(chunk, n);
+    fclose(f);
+  }
+  unlink(path.c_str());
+  EXPECT_NE(saved.find("[tcapi Node_Entry0]\nAttr = \"kept\"\n"), std::string::npos) << saved;
+  EXPECT_NE(saved.find("[removed tree nodes]\nNode_Entry2 = removed\n"), std::string::npos) << saved;
+  EXPECT_EQ(saved.find("Node_Entry0 = removed"), std::string::npos) << saved;
+  EXPECT_EQ(saved.find("[tcapi Node_Entry2]"), std::string::npos) << saved;
+}
+
 }  // namespace sim_snapshot_test

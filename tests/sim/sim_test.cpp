@@ -26,6 +26,25 @@ void write_file(const std::string &path, const char *text) {
   fclose(f);
 }
 
+// BRELO_SIM_SAVE naming a temporary file, absent at first, for the length of a test.
+class SavedTree {
+ public:
+  explicit SavedTree(const char *tag) : path_(temp_path(tag)) {
+    unlink(path_.c_str());
+    setenv("BRELO_SIM_SAVE", path_.c_str(), 1);
+  }
+  ~SavedTree() {
+    unlink(path_.c_str());
+    unsetenv("BRELO_SIM_SAVE");
+  }
+  SavedTree(const SavedTree &) = delete;
+  SavedTree &operator=(const SavedTree &) = delete;
+  const std::string &path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
 class Simulator : public testsupport::BridgeTest {};
 
 TEST_F(Simulator, StateFileSectionsKeysAndEscapes) {
@@ -114,9 +133,7 @@ TEST_F(Simulator, TreeSetGetUnsetAndTheLog) {
 }
 
 TEST_F(Simulator, SavedTreeIsReadBackByTheNextLoad) {
-  std::string path = temp_path("save");
-  setenv("BRELO_SIM_SAVE", path.c_str(), 1);
-  unlink(path.c_str());
+  SavedTree saved("save");
   sim_load_default();
   tcapi_set("VirServer_Entry0_Entry0", "Description", "web \"cam\"\xC4");
   tcapi_save();
@@ -125,7 +142,71 @@ TEST_F(Simulator, SavedTreeIsReadBackByTheNextLoad) {
   char buf[64] = {};
   tcapi_get("VirServer_Entry0_Entry0", "Description", buf);
   EXPECT_STREQ(buf, "web \"cam\"\xC4");
-  unlink(path.c_str());
+}
+
+// An older saved tree, holding only some nodes: those replace the default ones of the same
+// name, whole; every other default node (WLAN, traffic, the other rules) stays.
+TEST_F(Simulator, SavedTreeReplacesOnlyTheNodesItHolds) {
+  SavedTree saved("partial");
+  write_file(saved.path(), "[tcapi VirServer_Entry8_Entry0]\nLOCALIP = 192.168.1.99\n");
+  EXPECT_EQ(sim_load_default(), 0);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.99");
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry0", "Protocal"), nullptr);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), "192.168.1.33");
+  EXPECT_STREQ(sim_get("tcapi WanInfo_Common", "ValidIFIndex"), "0,8,16,24");
+  EXPECT_NE(sim_get("tcapi BandWidth_Entry0", "MAC"), nullptr);
+  EXPECT_NE(sim_get("tcapi WLanForGuest_Entry0", "Duration"), nullptr);
+  EXPECT_NE(sim_get("tcapi TrafficMonitoring_PVC0_Entry0", "destAddressList"), nullptr);
+  EXPECT_NE(sim_get("tcapi TrafficMirror_Entry0", "protocol"), nullptr);
+}
+
+// A node removed before the save stays removed when the tree is read back; made again and
+// saved, it is back.
+TEST_F(Simulator, NodesRemovedBeforeTheSaveStayRemoved) {
+  SavedTree saved("removed");
+  sim_load_default();
+  tcapi_unset("VirServer_Entry8_Entry1");
+  tcapi_unset("NeverThere");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), nullptr);
+  EXPECT_EQ(sim_get("removed tree nodes", "VirServer_Entry8_Entry1"), nullptr);  // not state
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  tcapi_save();  // the removal is kept from one save to the next
+  sim_load_default();
+  EXPECT_EQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), nullptr);
+  tcapi_set("VirServer_Entry8_Entry1", "LOCALIP", "192.168.1.34");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry1", "LOCALIP"), "192.168.1.34");
+}
+
+TEST_F(Simulator, FreshLoadIgnoresTheSavedTreeButStillSaves) {
+  SavedTree saved("fresh");
+  sim_load_default();
+  tcapi_set("VirServer_Entry8_Entry0", "LOCALIP", "192.168.1.77");
+  tcapi_save();
+  EXPECT_EQ(sim_load_fresh(), 0);
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  tcapi_set("VirServer_Entry8_Entry0", "Active", "No");
+  tcapi_save();
+  sim_load_default();
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "Active"), "No");
+}
+
+// Unset or empty, BRELO_SIM_SAVE names no file: the tree is saved nowhere (the save still
+// answers 0) and the default gateway is all there is.
+TEST_F(Simulator, WithoutASavePathTheTreeIsSavedNowhere) {
+  for (const char *save : {static_cast<const char *>(nullptr), ""}) {
+    if (save == nullptr) unsetenv("BRELO_SIM_SAVE");
+    else setenv("BRELO_SIM_SAVE", save, 1);
+    sim_load_default();
+    tcapi_set("VirServer_Entry8_Entry0", "LOCALIP", "192.168.1.99");
+    EXPECT_EQ(tcapi_save(), 0);
+    sim_load_default();
+    EXPECT_STREQ(sim_get("tcapi VirServer_Entry8_Entry0", "LOCALIP"), "192.168.1.20");
+  }
   unsetenv("BRELO_SIM_SAVE");
 }
 

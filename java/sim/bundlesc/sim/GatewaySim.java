@@ -18,8 +18,14 @@ public final class GatewaySim {
     /** Forgets everything: an empty gateway, no programmed results, an empty call log. */
     public static native void reset();
 
-    /** Resets, then loads the default simulated gateway; 0 on success. */
+    /**
+     * Resets, then loads the default simulated gateway and the configuration tree saved in
+     * $BRELO_SIM_SAVE, if any (its nodes replace those of the same name); 0 on success.
+     */
     public static native int loadDefault();
+
+    /** As {@link #loadDefault()}, without reading a saved tree back; 0 on success. */
+    public static native int loadFresh();
 
     /** Loads a state file or a directory of *.ini files on top of the current state. */
     public static native int load(String path);
