@@ -50,24 +50,15 @@ def feeds():
 
 
 def main():
-    out_dir = os.path.join(HERE, "corpus", "tree_values", "seed")
-    os.makedirs(out_dir, exist_ok=True)
+    out_dir = ji.seed_dir("tree_values")
     count = 0
     for name, params in tree_natives():
-        short = name.replace("ServiceImp.", ".").replace("Jni", "")
         head = ji.encode(name, params, ji.valid(name, params))
         for tag, feed in feeds().items():
-            with open(os.path.join(out_dir, short + "-" + tag), "wb") as f:
-                f.write(head + feed)
+            ji.write_seed(out_dir, name, tag, head + feed)
             count += 1
     print("%d seeds in %s" % (count, out_dir))
-    with open(os.path.join(HERE, "tree_values.dict"), "w") as f:
-        f.write("# tree_values_fuzz: native name lines, then values the natives parse.\n")
-        for name, _ in tree_natives():
-            f.write('"%s\\x0a"\n' % name)
-        for word in WORDS:
-            f.write('"%s"\n' % word)
-
+    ji.write_dict("tree_values", "values the natives parse", [n for n, _ in tree_natives()], WORDS)
 
 WORDS = ["0", "-1", "2147483647", "4294967296", "Yes", "No", "TCP", "UDP", "TCP/UDP", "ALL",
          "Route", "Bridge", "INTERNET", "TR069", "IPTV", "TAG", "0,8,16,24", ",", "192.168.1.20",

@@ -9,6 +9,7 @@
 #include "common/platform_tcapi.h"
 #include "sim/sim.h"
 #include "sim/sim_control.h"
+#include "tests/corpus_files.h"
 #include "tests/test_support.h"
 
 namespace sim_snapshot_test {
@@ -164,13 +165,7 @@ TEST_F(SimSnapshot, RestoreBringsBackTheRemovedNodes) {
   sim_set_save_path(path.c_str());
   EXPECT_EQ(tcapi_save(), 0);
   sim_set_save_path(nullptr);
-  std::string saved;
-  if (FILE *f = fopen(path.c_str(), "r")) {
-    char chunk[512];
-    size_t n;
-    while ((n = fread(chunk, 1, sizeof chunk, f)) > 0) saved.append(chunk, n);
-    fclose(f);
-  }
+  std::string saved = corpus::contents(path);
   unlink(path.c_str());
   EXPECT_NE(saved.find("[tcapi Node_Entry0]\nAttr = \"kept\"\n"), std::string::npos) << saved;
   EXPECT_NE(saved.find("[removed tree nodes]\nNode_Entry2 = removed\n"), std::string::npos) << saved;
