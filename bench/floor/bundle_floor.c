@@ -1,12 +1,14 @@
 /* The floor of a conforming native, for the JVM benchmark of the bridge (BridgeBench).
  *
  * A native of the bridge cannot cost less than a bare native that makes the same number of
- * debug-flag checks (every trace point asks access("/tmp/brelo_debug") afresh) and hands the
- * same answer to Java. This library is that bare native, and the counter that tells the
- * benchmark how many checks each native of the bridge makes:
+ * flag-file checks (every trace point asks access("/tmp/brelo_debug") afresh, and the natives
+ * of the USB handles and of WPS ask for their own flag files, /tmp/usbapi_test and
+ * /tmp/wps_debug, on every call) and hands the same answer to Java. This library is that bare
+ * native, and the counter that tells the benchmark how many checks each native of the bridge
+ * makes:
  *
  *  - preloaded (LD_PRELOAD), its access() stands in front of the C library's and counts the
- *    calls that ask for the debug flag, then forwards every call to the real access();
+ *    calls that ask for a flag file, then forwards every call to the real access();
  *  - bundlesc.bench.Floor.prepareText/prepareInt keep an answer and a check count in a slot;
  *    floorText/floorInt make that many access() calls on the flag path (through the same
  *    counting access(), as the bridge's do) and answer the kept text (NewStringUTF) or int.
@@ -38,7 +40,13 @@ static access_fn next_access(void) {
 }
 
 /* A null path goes on to the real access() (which fails with EFAULT), uncounted. */
-static int is_flag(const char *path) { return path != NULL && strcmp(path, FLOOR_FLAG) == 0; }
+static int is_flag(const char *path) {
+  static const char *const flags[] = {FLOOR_FLAG, "/tmp/usbapi_test", "/tmp/wps_debug"};
+  for (size_t i = 0; path != NULL && i < sizeof flags / sizeof flags[0]; i++) {
+    if (strcmp(path, flags[i]) == 0) return 1;
+  }
+  return 0;
+}
 
 __attribute__((visibility("default"))) int access(const char *path, int mode) {
   if (is_flag(path)) {

@@ -2,8 +2,8 @@ package bundlesc.bench;
 
 /**
  * The floor of a conforming native (libbundle_floor.so, bench/floor): a bare native that makes
- * a given number of debug-flag checks and answers a kept text or int, and the count of the
- * debug-flag checks made in this process (the library's access() counts them when it is
+ * a given number of flag-file checks and answers a kept text or int, and the count of the
+ * flag-file checks made in this process (the library's access() counts them when it is
  * preloaded).
  */
 public final class Floor {
@@ -16,7 +16,7 @@ public final class Floor {
     /** True when the library was preloaded, so the checks of every library are counted. */
     public static native boolean interposed();
 
-    /** The debug-flag checks made so far in this process. */
+    /** The flag-file checks made so far in this process. */
     public static native long flagChecks();
 
     /** Keeps the text (may be null) that floorText(slot) answers after `checks` checks. */
