@@ -1,5 +1,6 @@
 #include "common/reply.h"
 
+#include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -8,17 +9,123 @@
 
 namespace bundle {
 
+namespace {
+
+// The output of one piece: bytes go below dst[room - 1] only, every byte is counted.
+struct Piece {
+  char *dst;
+  size_t room;
+  size_t len;
+
+  void put(const char *text, size_t n) {
+    if (len + 1 < room) {
+      size_t fit = room - 1 - len;
+      memcpy(dst + len, text, n < fit ? n : fit);
+    }
+    len += n;
+  }
+};
+
+// Formats one piece as vsnprintf(dst, room, fmt, ap) does, byte for byte and with the same
+// result. The conversions replies are made of (%s, %.Ns, %c, %d, %i, %u, with l or ll, and %%)
+// are written here; a piece with any other conversion, a NULL text or a number beyond 32 bits
+// is handed to vsnprintf whole. A call to vsnprintf costs more than most pieces themselves.
+int compose(char *dst, size_t room, const char *fmt, va_list ap) {
+  va_list again;
+  va_copy(again, ap);
+  Piece out{dst, room, 0};
+  const char *p = fmt;
+  bool plain = true;
+  while (plain) {
+    const char *pct = strchr(p, '%');
+    if (pct == nullptr) {
+      out.put(p, strlen(p));
+      break;
+    }
+    out.put(p, static_cast<size_t>(pct - p));
+    p = pct + 1;
+    size_t precision = static_cast<size_t>(-1);
+    if (*p == '.') {
+      precision = 0;
+      for (++p; *p >= '0' && *p <= '9'; ++p) precision = precision * 10 + static_cast<size_t>(*p - '0');
+    }
+    int longs = 0;
+    for (; *p == 'l'; ++p) ++longs;
+    char conv = *p;
+    if (conv == '\0') {  // a lone '%' at the end: vsnprintf's to judge
+      plain = false;
+      break;
+    }
+    ++p;
+    char digits[12];
+    char *end = digits + sizeof digits;
+    char *start = end;
+    if (conv == 's' && longs == 0) {
+      const char *text = va_arg(ap, const char *);
+      plain = text != nullptr;  // "(null)" and its cuts are vsnprintf's
+      if (plain) out.put(text, precision == static_cast<size_t>(-1) ? strlen(text) : strnlen(text, precision));
+      continue;
+    }
+    if (precision != static_cast<size_t>(-1) || longs > 2) {
+      plain = false;
+    } else if (conv == '%' && longs == 0) {
+      out.put("%", 1);
+    } else if (conv == 'c' && longs == 0) {
+      char c = static_cast<char>(va_arg(ap, int));
+      out.put(&c, 1);
+    } else if (conv == 'd' || conv == 'i' || conv == 'u') {
+      unsigned long long magnitude;
+      bool negative = false;
+      if (conv == 'u') {
+        magnitude = longs == 2 ? va_arg(ap, unsigned long long)
+                    : longs == 1 ? va_arg(ap, unsigned long) : va_arg(ap, unsigned int);
+      } else {
+        long long value = longs == 2 ? va_arg(ap, long long)
+                          : longs == 1 ? va_arg(ap, long) : va_arg(ap, int);
+        negative = value < 0;
+        magnitude = negative ? 0ull - static_cast<unsigned long long>(value)
+                             : static_cast<unsigned long long>(value);
+      }
+      plain = magnitude <= 0xFFFFFFFFull;  // no 64-bit division in the library
+      uint32_t v = static_cast<uint32_t>(magnitude);
+      do {
+        *--start = static_cast<char>('0' + v % 10);
+        v /= 10;
+      } while (v != 0);
+      if (negative) *--start = '-';
+      out.put(start, static_cast<size_t>(end - start));
+    } else {
+      plain = false;
+    }
+  }
+  int n;
+  if (plain) {
+    if (room > 0) dst[out.len < room - 1 ? out.len : room - 1] = '\0';
+    n = static_cast<int>(out.len);
+  } else {
+    n = vsnprintf(dst, room, fmt, again);
+  }
+  va_end(again);
+  return n;
+}
+
+}  // namespace
+
 int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap) {
   if (hardened_profile()) return escaped_vappend(buf, cap, off, fmt, ap);
   size_t at = *off;
-  int n;
-  if (cap > 0 && at < cap - 1) {
-    n = vsnprintf(buf + at, cap - at, fmt, ap);
-  } else {
-    // Nothing fits any more: only measure, as snprintf(NULL, 0, ...) would.
-    n = vsnprintf(nullptr, 0, fmt, ap);
-  }
+  // Once nothing fits any more the piece is only measured, as snprintf(NULL, 0, ...) would.
+  bool fits = cap > 0 && at < cap - 1;
+  int n = compose(fits ? buf + at : nullptr, fits ? cap - at : 0, fmt, ap);
   if (n > 0) *off = at + static_cast<size_t>(n);
+  return n;
+}
+
+int format_text(char *buf, size_t size, const char *fmt, ...) {
+  va_list ap;
+  va_start(ap, fmt);
+  int n = compose(size > 0 ? buf : nullptr, size, fmt, ap);
+  va_end(ap);
   return n;
 }
 
@@ -31,7 +138,9 @@ int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...) {
 }
 
 ReplyText::ReplyText(char *text, size_t cap) : text_(text), cap_(cap), off_(0) {
-  memset(text, 0, cap);
+  // Every piece leaves the text terminated and nothing reads past it: only the first byte is
+  // set (zeroing a 64 KiB host list in full cost more than composing it).
+  if (cap > 0) text[0] = '\0';
 }
 
 int ReplyText::append(const char *fmt, ...) {
@@ -105,7 +214,15 @@ void put3(char *&o, unsigned cp) {
 
 size_t modified_utf8_length(const char *text, bool *unchanged) {
   const unsigned char *s = reinterpret_cast<const unsigned char *>(text);
+  // Replies are nearly always ASCII: that part is passed eight bytes at a time.
+  size_t len = strlen(text);
   size_t total = 0;
+  for (uint64_t word; total + sizeof word <= len; total += sizeof word) {
+    memcpy(&word, s + total, sizeof word);
+    if ((word & 0x8080808080808080ull) != 0) break;
+  }
+  while (total < len && s[total] < 0x80) ++total;
+  s += total;
   bool all_valid = true;
   while (*s) {
     size_t out_len;

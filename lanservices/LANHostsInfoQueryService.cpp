@@ -99,12 +99,16 @@ void append_host_list(HostListReply &reply, LanHostRecord *list, int count) {
 // into a hash table once, when the text under it has been written (windows may straddle the
 // pieces the reply was written in); a query then looks its MAC text up in the table. The
 // table keeps the start of the first window of each distinct text (a reply position below
-// 64 KiB) and compares the reply's bytes there. Should a reply hold more distinct windows than
-// the table takes (names made of MAC texts), the index gives up and every later query is
-// answered by strstr over the whole reply, which is the same answer, only slower.
+// 64 KiB) and compares the reply's bytes there. It starts small and doubles, taking in the
+// reply's windows again, when three quarters of it are used, so a short list prepares only a
+// few slots. Should a reply hold more distinct windows than the largest table takes (names
+// made of MAC texts), the index gives up and every later query is answered by strstr over the
+// whole reply, which is the same answer, only slower.
 class MacTextIndex {
  public:
-  MacTextIndex() : used_(0), scanned_(0), overflow_(false) { memset(slots_, 0xFF, sizeof slots_); }
+  MacTextIndex() : size_(kFirstSlots), used_(0), scanned_(0), overflow_(false) {
+    memset(slots_, 0xFF, kFirstSlots * sizeof slots_[0]);
+  }
   MacTextIndex(const MacTextIndex &) = delete;
   MacTextIndex &operator=(const MacTextIndex &) = delete;
 
@@ -112,7 +116,7 @@ class MacTextIndex {
   bool occurs(const char *text, size_t len, const char *mac) {
     take_in(text, len);
     if (overflow_) return strstr(text, mac) != nullptr;
-    for (size_t h = hash(mac) & kMask;; h = (h + 1) & kMask) {
+    for (size_t h = hash(mac) & (size_ - 1);; h = (h + 1) & (size_ - 1)) {
       if (slots_[h] == kEmpty) return false;
       if (memcmp(text + slots_[h], mac, kMacLen) == 0) return true;
     }
@@ -120,15 +124,15 @@ class MacTextIndex {
 
  private:
   static const size_t kMacLen = 17;
-  static const size_t kSlots = 8192;  // a power of two
-  static const size_t kMask = kSlots - 1;
-  static const size_t kMaxUsed = kSlots * 3 / 4;
+  static const size_t kFirstSlots = 256;  // powers of two
+  static const size_t kSlots = 8192;
   static const uint16_t kEmpty = 0xFFFF;
 
   static bool is_hex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); }
 
   static bool mac_shaped(const char *w) {
-    for (size_t k = 2; k < kMacLen; k += 3)
+    if (w[2] != ':') return false;
+    for (size_t k = 5; k < kMacLen; k += 3)
       if (w[k] != ':') return false;
     for (size_t k = 0; k < kMacLen; k += 3)
       if (!is_hex(w[k]) || !is_hex(w[k + 1])) return false;
@@ -146,27 +150,35 @@ class MacTextIndex {
 
   // Takes in every window that ends within text[0, len) and was not looked at yet.
   void take_in(const char *text, size_t len) {
-    if (overflow_) return;
-    for (; scanned_ + kMacLen <= len; ++scanned_) {
-      if (text[scanned_ + 2] != ':' || !mac_shaped(text + scanned_)) continue;
-      if (!insert(text, scanned_)) return;
-    }
+    for (; !overflow_ && scanned_ + kMacLen <= len; ++scanned_)
+      if (mac_shaped(text + scanned_)) insert(text, scanned_);
   }
 
-  bool insert(const char *text, size_t at) {
-    size_t h = hash(text + at) & kMask;
-    for (; slots_[h] != kEmpty; h = (h + 1) & kMask)
-      if (memcmp(text + slots_[h], text + at, kMacLen) == 0) return true;  // already known
-    if (used_ >= kMaxUsed) {
-      overflow_ = true;
-      return false;
+  void insert(const char *text, size_t at) {
+    for (;;) {
+      size_t h = hash(text + at) & (size_ - 1);
+      for (; slots_[h] != kEmpty; h = (h + 1) & (size_ - 1))
+        if (memcmp(text + slots_[h], text + at, kMacLen) == 0) return;  // already known
+      if (used_ < size_ / 4 * 3) {
+        slots_[h] = static_cast<uint16_t>(at);  // below 64 KiB - 17, never kEmpty
+        ++used_;
+        return;
+      }
+      if (size_ == kSlots) {
+        overflow_ = true;
+        return;
+      }
+      // A table twice the size, holding the windows before this one again.
+      size_ *= 2;
+      memset(slots_, 0xFF, size_ * sizeof slots_[0]);
+      used_ = 0;
+      for (size_t before = 0; before < at; ++before)
+        if (mac_shaped(text + before)) insert(text, before);
     }
-    slots_[h] = static_cast<uint16_t>(at);  // below 64 KiB - 17, never kEmpty
-    ++used_;
-    return true;
   }
 
   uint16_t slots_[kSlots];
+  size_t size_;
   size_t used_;
   size_t scanned_;
   bool overflow_;

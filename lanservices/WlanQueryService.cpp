@@ -111,14 +111,15 @@ void getStaSpeed(const char *mac) {
            b[2] & 0xFFu, b[3] & 0xFFu, b[4] & 0xFFu, b[5] & 0xFFu);
 
   int up = 0, down = 0;
+  // Every tree read leaves a terminated text, all that is read of its buffer.
   for (int entry = 0; entry < 64; ++entry) {
-    char node[32] = {};
-    snprintf(node, sizeof node, "BandWidth_Entry%d", entry);
-    char entry_mac[32] = {};
+    char node[32];
+    bundle::format_text(node, sizeof node, "BandWidth_Entry%d", entry);
+    char entry_mac[32];
     bundle::tree_get(node, "MAC", entry_mac);
     if (strcasecmp(entry_mac, key) == 0) {
-      char up_rate[32] = {};
-      char down_rate[32] = {};
+      char up_rate[32];
+      char down_rate[32];
       bundle::tree_get(node, "upRate", up_rate);
       bundle::tree_get(node, "downRate", down_rate);
       up = atoi(up_rate);
@@ -148,10 +149,13 @@ void fillWlanHostEntry(StationReply *reply, const WlanHostRecord *hosts, int i) 
   wlanStandardName(ssid.standard, reply->standard);
 }
 
-// A list reply in a heap buffer of (entries + 1) x 512 bytes; NULL when it can't be had.
+// An empty list reply in a heap buffer of (entries + 1) x 512 bytes; NULL when it can't be
+// had. Only the text composed into it is ever read.
 char *new_list_text(int entries, size_t *cap) {
   *cap = (static_cast<size_t>(entries) + 1) * kListEntrySize;
-  return static_cast<char *>(calloc(*cap, 1));
+  char *text = static_cast<char *>(malloc(*cap));
+  if (text != nullptr) text[0] = '\0';
+  return text;
 }
 
 }  // namespace
@@ -254,8 +258,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   int radio = radio_of(env, jradioType);
   if (bundle::exception_pending(env)) return nullptr;  // the radio text could not be obtained
   static_assert(sizeof(WlanNeighborRecord) * WLAN_MAX_NEIGHBORS == 23040, "23,040 bytes");
-  // Too large for the stack frame: the zeroed record array is taken from the heap.
+  // Too large for the stack frame: the record array is taken from the heap, zeroed as the
+  // platform is handed it (a record it fills in part reads as zeros beyond).
   struct Neighbors {
+    Neighbors() : list{} {}
     WlanNeighborRecord list[WLAN_MAX_NEIGHBORS];
   };
   bundle::HeapObject<Neighbors> neighbors;
@@ -284,13 +290,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       WlanNeighborRecord &ap = list[i];
       bundle::terminate_field(ap.ssid);
       bundle::terminate_field(ap.bssid);
-      char ssid[HTML_ENCODE_OUT_SIZE] = {};
+      // Both texts are written whole (terminator included) before they are read.
+      char ssid[HTML_ENCODE_OUT_SIZE];
       if (bundle::hardened_profile()) {
         snprintf(ssid, sizeof ssid, "%s", ap.ssid);  // the composer escapes it, once
       } else {
         html_encode(ssid, ap.ssid);
       }
-      char standard[32] = {};
+      char standard[32];
       wlanStandardName(ap.standard, standard);
       bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
       bundle::reply_append(text, cap, &off, ",\"BSSID\":\"%s\"", ap.bssid);

@@ -50,8 +50,10 @@ const char *next_name(const char *name) { return name + strlen(name) + 1; }
 const char kCommitNode[] = "TrafficMirror";
 constexpr int kCommitDelay = 3;
 
+// Node names and tree values are written whole (terminated) before they are read, so the
+// walks over the 255 entries do not zero their buffers.
 void rule_node(char (&node)[kNodeNameSize], int index) {
-  snprintf(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
+  bundle::format_text(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
 }
 
 // Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
@@ -112,8 +114,8 @@ bool one_of(const char *text, const char *a, const char *b, const char *c) {
 // The first entry whose "mirrorToIP" is empty, or -1.
 int find_free_mirror_entry() {
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
-    char ip[kSlotValueSize] = {};
+    char node[kNodeNameSize];
+    char ip[kSlotValueSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", ip);
     if (ip[0] == '\0') return i;
@@ -242,7 +244,7 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
     return -2;
   }
 
-  char node[kNodeNameSize] = {};
+  char node[kNodeNameSize];
   char number[64] = {};
   rule_node(node, index);
   const char *const values[kRuleTexts] = {remote, port, direction, protocol, mac};
@@ -273,7 +275,7 @@ int is_duplicated_traffic_mirror_rule(const traffic_mirror_rule *rule, int *inde
 
   char value[kRuleValueSize];  // every read leaves a terminated text (empty when absent)
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", value);
     if (value[0] == '\0' || strcmp(value, r.mirrorToIP) != 0) continue;
@@ -307,7 +309,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteMirrorRuleJni(
     JNIEnv *, jobject, jint entryIndex) {
   // The index as given: no range check, no test that the entry exists.
-  char node[kNodeNameSize] = {};
+  char node[kNodeNameSize];
   rule_node(node, entryIndex);
   tcapi_unset(node);
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
@@ -318,7 +320,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteAllMirrorRuleJni(
     JNIEnv *, jobject) {
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     rule_node(node, i);
     tcapi_unset(node);
   }
@@ -340,8 +342,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
   size_t off = 0;
   bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
-    char mirror_ip[kRuleValueSize] = {};
+    char node[kNodeNameSize];
+    char mirror_ip[kRuleValueSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", mirror_ip);
     if (mirror_ip[0] == '\0') continue;

@@ -38,12 +38,14 @@ constexpr int kCommitDelay = 3;
 
 typedef char DestAddress[kDestAddressSize];
 
+// Node names and tree values are always written whole (terminated) before they are read, so
+// their buffers are not zeroed: a query reads up to 1,020 entries per group.
 void group_node(char (&node)[kNodeNameSize], int pvc) {
-  snprintf(node, sizeof node, "TrafficMonitoring_PVC%d", pvc);
+  bundle::format_text(node, sizeof node, "TrafficMonitoring_PVC%d", pvc);
 }
 
 void entry_node(char (&node)[kNodeNameSize], int pvc, int entry) {
-  snprintf(node, sizeof node, "TrafficMonitoring_PVC%d_Entry%d", pvc, entry);
+  bundle::format_text(node, sizeof node, "TrafficMonitoring_PVC%d_Entry%d", pvc, entry);
 }
 
 // Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
@@ -117,14 +119,14 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
 // entries in the own group. The outputs are written only when something is found.
 void findMonitorFreeEntry(const char *bundle, int *base, int *pvc, int *entry) {
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (strcmp(owner, bundle) == 0) {
       for (int p = b; p < b + kGroupPvcs; ++p) {
         for (int e = 0; e < kEntriesPerPvc; ++e) {
-          char address[kTreeValueSize] = {};
+          char address[kTreeValueSize];
           entry_node(node, p, e);
           bundle::tree_get(node, "destAddressList", address);
           if (address[0] == '\0') {
@@ -158,8 +160,8 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   // blanked. New addresses are not compared with each other.
   for (int p = base; p <= pvc; ++p) {
     for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize] = {};
-      char stored[kTreeValueSize] = {};
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
       entry_node(node, p, e);
       bundle::tree_get(node, "destAddressList", stored);
       if (stored[0] == '\0') continue;
@@ -175,7 +177,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   int written = 0;
   for (int i = 0; i < req->count; ++i) {
     if (req->dest[i][0] != '\0') {
-      char node[kNodeNameSize] = {};
+      char node[kNodeNameSize];
       entry_node(node, pvc, entry);
       tcapi_set(node, "destAddressList", req->dest[i]);
       ++written;
@@ -186,7 +188,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   if (written > 0) {
     // Kept on purpose: the name goes on the PVC of the most recent search, which is the group
     // base only while the group's first PVC still has room.
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     group_node(node, pvc);
     tcapi_set(node, "bundleName", req->bundle);
     brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
@@ -199,8 +201,8 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
 // True when some entry of the PVC holds an address.
 bool pvc_has_address(int pvc) {
   for (int e = 0; e < kEntriesPerPvc; ++e) {
-    char node[kNodeNameSize] = {};
-    char stored[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char stored[kTreeValueSize];
     entry_node(node, pvc, e);
     bundle::tree_get(node, "destAddressList", stored);
     if (stored[0] != '\0') return true;
@@ -211,8 +213,8 @@ bool pvc_has_address(int pvc) {
 int deleteMonitorRuleToEntry(MonitorRequest *req) {
   int base = -1;
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (strcmp(owner, req->bundle) == 0) {
@@ -228,8 +230,8 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
   int deleted = 0;
   for (int p = base; p < base + kGroupPvcs; ++p) {
     for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize] = {};
-      char stored[kTreeValueSize] = {};
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
       entry_node(node, p, e);
       bundle::tree_get(node, "destAddressList", stored);
       if (stored[0] == '\0') continue;
@@ -248,7 +250,7 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
   // the group still hold addresses (which are then no longer listed).
   for (int p = base; p < base + kGroupPvcs; ++p) {
     if (pvc_has_address(p)) continue;
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     group_node(node, p);
     tcapi_unset(node);
   }
@@ -307,8 +309,8 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
   bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (owner[0] == '\0') continue;
@@ -323,7 +325,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     size_t coff = 0;
     for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
       for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
-        char address[kQueryValueSize] = {};
+        char address[kQueryValueSize];
         entry_node(node, p, e);
         bundle::tree_get(node, "destAddressList", address);
         if (strNull(address)) continue;
