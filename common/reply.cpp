@@ -27,9 +27,10 @@ struct Piece {
 };
 
 // Formats one piece as vsnprintf(dst, room, fmt, ap) does, byte for byte and with the same
-// result. The conversions replies are made of (%s, %.Ns, %c, %d, %i, %u, with l or ll, and %%)
-// are written here; a piece with any other conversion, a NULL text or a number beyond 32 bits
-// is handed to vsnprintf whole. A call to vsnprintf costs more than most pieces themselves.
+// result. The conversions replies are made of (%s, %.Ns, %.*s, %c, %d, %i, %u, with l or ll,
+// and %%)
+// are written here; a piece with any other conversion or a NULL text is handed to vsnprintf
+// whole. A call to vsnprintf costs more than most pieces themselves.
 int compose(char *dst, size_t room, const char *fmt, va_list ap) {
   va_list again;
   va_copy(again, ap);
@@ -45,7 +46,11 @@ int compose(char *dst, size_t room, const char *fmt, va_list ap) {
     out.put(p, static_cast<size_t>(pct - p));
     p = pct + 1;
     size_t precision = static_cast<size_t>(-1);
-    if (*p == '.') {
+    if (*p == '.' && p[1] == '*') {
+      int given = va_arg(ap, int);  // a negative precision is none
+      if (given >= 0) precision = static_cast<size_t>(given);
+      p += 2;
+    } else if (*p == '.') {
       precision = 0;
       for (++p; *p >= '0' && *p <= '9'; ++p) precision = precision * 10 + static_cast<size_t>(*p - '0');
     }
@@ -57,7 +62,7 @@ int compose(char *dst, size_t room, const char *fmt, va_list ap) {
       break;
     }
     ++p;
-    char digits[12];
+    char digits[24];
     char *end = digits + sizeof digits;
     char *start = end;
     if (conv == 's' && longs == 0) {
@@ -86,12 +91,23 @@ int compose(char *dst, size_t room, const char *fmt, va_list ap) {
         magnitude = negative ? 0ull - static_cast<unsigned long long>(value)
                              : static_cast<unsigned long long>(value);
       }
-      plain = magnitude <= 0xFFFFFFFFull;  // no 64-bit division in the library
-      uint32_t v = static_cast<uint32_t>(magnitude);
+      // Digits by 16-bit limbs: 32-bit divisions only (the gateway's CPU has no 64-bit one).
+      uint32_t limbs[4] = {static_cast<uint32_t>(magnitude >> 48) & 0xFFFFu,
+                           static_cast<uint32_t>(magnitude >> 32) & 0xFFFFu,
+                           static_cast<uint32_t>(magnitude >> 16) & 0xFFFFu,
+                           static_cast<uint32_t>(magnitude) & 0xFFFFu};
+      bool more;
       do {
-        *--start = static_cast<char>('0' + v % 10);
-        v /= 10;
-      } while (v != 0);
+        uint32_t rest = 0;
+        more = false;
+        for (uint32_t &limb : limbs) {
+          uint32_t part = rest << 16 | limb;
+          limb = part / 10;
+          rest = part % 10;
+          more = more || limb != 0;
+        }
+        *--start = static_cast<char>('0' + rest);
+      } while (more);
       if (negative) *--start = '-';
       out.put(start, static_cast<size_t>(end - start));
     } else {

@@ -31,10 +31,15 @@ size_t visible_length(const HostListReply &reply) {
   return reply.offset() < reply.capacity() ? reply.offset() : reply.capacity() - 1;
 }
 
-// "%02X:%02X:%02X:%02X:%02X:%02X" into an 18-byte buffer.
+// "%02X:%02X:%02X:%02X:%02X:%02X" into an 18-byte buffer (written out here: a host list
+// formats one per host).
 void format_mac(const uint8_t *mac, char (&text)[18]) {
-  snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
-           mac[4], mac[5]);
+  static const char kHex[] = "0123456789ABCDEF";
+  for (int i = 0; i < 6; ++i) {
+    text[3 * i] = kHex[mac[i] >> 4];
+    text[3 * i + 1] = kHex[mac[i] & 0x0F];
+    text[3 * i + 2] = i < 5 ? ':' : '\0';
+  }
 }
 
 // The class name of a class code; a code the table does not know prints as "UNKNOWN" instead
@@ -52,14 +57,13 @@ void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
   bundle::terminate_field(host.ipv4);
   bundle::terminate_field(host.ipv6);
 
-  char iface[8] = {};
+  char iface[8];
   if (host.attach_point >= 1 && host.attach_point <= 4) {
-    // The ranges are checked; the narrow casts tell the compiler the numbers fit 8 bytes.
-    snprintf(iface, sizeof iface, "LAN%d", static_cast<unsigned char>(host.attach_point));
+    bundle::format_text(iface, sizeof iface, "LAN%d", static_cast<int>(host.attach_point));
   } else if (host.attach_point >= 5 && host.attach_point <= 12) {
-    snprintf(iface, sizeof iface, "SSID%d", static_cast<unsigned char>(host.attach_point - 4));
+    bundle::format_text(iface, sizeof iface, "SSID%d", static_cast<int>(host.attach_point - 4));
   } else {
-    snprintf(iface, sizeof iface, "UNKNOWN");
+    memcpy(iface, "UNKNOWN", sizeof iface);
   }
   const char *storage = host.storage_access != 0 ? "ON" : "OFF";
   unsigned int online_time = host.online_time;

@@ -99,14 +99,18 @@ TEST(Reply, ComposesEveryPieceAsSnprintfDoes) {
   same_as_snprintf("a%sb", "");
   same_as_snprintf("<%s>", static_cast<const char *>(nullptr));
   same_as_snprintf("%.3s|%.32s|%.0s", "abcdef", "short", "x");
+  same_as_snprintf("%.*s|%.*s|%.*s", 3, "abcdef", -1, "whole", 0, "x");
+  same_as_snprintf("%.*d|%.*s", 4, 7, 2, "ab");
   same_as_snprintf("{\"Name\":\"%s\",\"Vendor\":\"%s\"}", "OSGI", "Apache Felix");
-  // Numbers of every length, at their ends; beyond 32 bits they are vsnprintf's.
+  // Numbers of every length, at their ends, 64-bit ones written without a 64-bit division.
   same_as_snprintf("%d %d %d %i", INT_MIN, INT_MAX, 0, -42);
   same_as_snprintf("%u %u", 0u, UINT_MAX);
   same_as_snprintf("%ld %lu", LONG_MIN, ULONG_MAX);
   same_as_snprintf("%lld %llu %llu", LLONG_MIN, ULLONG_MAX, 4294967295ull);
   same_as_snprintf("%lld %llu %lld", -4294967295LL, 5000000000ull, -4294967296LL);
   same_as_snprintf("{\"UsStats\":%llu ,\"DsStats\":%llu}", 0ull, 12345678901ull);
+  same_as_snprintf("%llu %llu %lld %llu", 10000000000000000000ull, 65536ull, -281474976710656LL,
+                   4294967296ull);
   // Characters (a NUL one too), percent signs.
   same_as_snprintf("x%cy", 'c');
   same_as_snprintf("x%cy", 0);

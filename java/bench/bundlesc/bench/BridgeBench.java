@@ -28,8 +28,10 @@ import java.util.regex.Pattern;
  * loaded afresh before every batch of calls), each with the arguments that leave the gateway as
  * it was (the setters get the values the default gateway
  * already holds, or targets that do not exist; the calls that have no harmless form are
- * refused by the simulated gateway). Its floor is a bare native (libbundle_floor.so) that makes
- * as many flag-file checks as the native made in one call and answers the same text or int.
+ * refused by the simulated gateway). Its floor is a bare native (libbundle_floor.so) that reads
+ * the same Java arguments (texts borrowed and given back, byte arrays pinned and released),
+ * makes as many flag-file checks as the native made in one call and answers the same text or
+ * int.
  *
  * After a warm-up, every round times a batch of calls of each native and a batch of its floor,
  * one after the other (the order swapped from round to round); the figures are the medians of
@@ -353,22 +355,22 @@ public final class BridgeBench {
             b.returns = "text";
             b.replyBytes = text == null ? 0 : text.getBytes(StandardCharsets.UTF_8).length;
             prepared = Floor.prepareText(b.slot, text, b.checks);
-            b.floor = Floor.class.getMethod("floorText", int.class);
+            b.floor = Floor.class.getMethod("floorText", int.class, Object[].class);
         } else if (returns == int.class) {
             b.returns = "int";
             prepared = Floor.prepareInt(b.slot, reply == null ? 0 : (Integer) reply, b.checks);
-            b.floor = Floor.class.getMethod("floorInt", int.class);
+            b.floor = Floor.class.getMethod("floorInt", int.class, Object[].class);
         } else if (returns == boolean.class) {
             b.returns = "boolean";
             prepared = Floor.prepareInt(b.slot, Boolean.TRUE.equals(reply) ? 1 : 0, b.checks);
-            b.floor = Floor.class.getMethod("floorBoolean", int.class);
+            b.floor = Floor.class.getMethod("floorBoolean", int.class, Object[].class);
         } else {
             throw new IllegalArgumentException(b.method + ": return type " + returns);
         }
         if (!prepared) {
             problems.add(b.name() + ": the floor could not keep its answer");
         }
-        b.floorArgs = new Object[] {b.slot};
+        b.floorArgs = new Object[] {b.slot, b.args};
     }
 
     private long clock() {
