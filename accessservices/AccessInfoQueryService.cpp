@@ -41,9 +41,9 @@ const char *table_text(const char *const (&table)[N], int code) {
   return code >= 0 && static_cast<size_t>(code) < N ? table[code] : "";
 }
 
-// The configuration of one WAN connection as the information reply shows it (zeroed whole
-// before use). Every member is a NUL-terminated text of the capacity the reply was designed
-// around; numbers and flags are stored as their texts.
+// The configuration of one WAN connection as the information reply shows it. Every member is
+// a NUL-terminated text of the capacity the reply was designed around, each written whole by
+// fill_info; numbers and flags are stored as their texts.
 struct WanIfInfoRecord {
   char lan_interface[128];
   char vlan_mode[4];
@@ -174,17 +174,20 @@ void put_text(char *member, size_t size, const char *text) {
 }
 
 // Every member is cut at its capacity. The platform's text getters take no size: each writes
-// into a zeroed scratch buffer far larger than any member, and the text is then cut at the
-// member's capacity, so an over-long platform text never runs into the next member or past
-// the record.
+// into a scratch buffer far larger than any member (zeroed as far as it is read back), and
+// the text is then cut at the member's capacity, so an over-long platform text never runs
+// into the next member or past the record.
 void fill_info(WanIfInfoRecord *info, int pvc, int entry) {
   char *base = reinterpret_cast<char *>(info);
   for (const InfoField &field : kInfoFields) {
     char *member = base + field.offset;
     if (field.kind == kInfoText) {
-      bundle::PlatformText<512> scratch;
-      field.text(pvc, entry, scratch.out());  // result not examined
-      put_text(member, field.size, scratch.text());
+      // Only the member's capacity is read back, so only that much of the scratch needs to be
+      // zeroed for a text the platform leaves unterminated.
+      char scratch[512];
+      memset(scratch, 0, field.size);
+      field.text(pvc, entry, scratch);  // result not examined
+      put_text(member, field.size, scratch);
       continue;
     }
     int value = get_int(field.number, pvc, entry);
@@ -231,11 +234,11 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   memset(&phy, 0, sizeof phy);
   brelo_ponGetIfPhyStatusInfo(&phy);  // result not examined: the reply is always Result 0
 
-  reply.append("{\"Result\":0,\"TXPower\":%d,\"RXPower\":%d,\"TransceiverTemperature\":%d,",
-               static_cast<int>(phy.tx_power), static_cast<int>(phy.rx_power),
-               static_cast<int>(phy.temperature));
   // "SupplyVottage" is the wire name Java bundles read; it is spelt so on purpose.
-  reply.append("\"SupplyVottage\":%d,\"BiasCurrent\":%d}", static_cast<int>(phy.supply_voltage),
+  reply.append("{\"Result\":0,\"TXPower\":%d,\"RXPower\":%d,\"TransceiverTemperature\":%d,"
+               "\"SupplyVottage\":%d,\"BiasCurrent\":%d}",
+               static_cast<int>(phy.tx_power), static_cast<int>(phy.rx_power),
+               static_cast<int>(phy.temperature), static_cast<int>(phy.supply_voltage),
                static_cast<int>(phy.bias_current));
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -334,8 +337,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
     return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
-  WanIfInfoRecord info;
-  memset(&info, 0, sizeof info);
+  WanIfInfoRecord info;  // every member written whole by fill_info
   fill_info(&info, pvc, entry);
 
   // Every member is a JSON string, numbers included; texts go in as the platform gave them.
@@ -378,30 +380,19 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
     return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
-  // The four texts of the reply, 400 bytes in all.
-  struct {
-    char uptime[16];
-    char ipv4_status[64];
-    char ipv6_status[64];
-    char last_error[256];
-  } status;
-  static_assert(sizeof status == 400, "status texts are 400 bytes");
-  memset(&status, 0, sizeof status);
-
-  snprintf(status.uptime, sizeof status.uptime, "%d",
-           get_status(brelo_wanGetUptime, pvc, entry));
-  snprintf(status.ipv4_status, sizeof status.ipv4_status, "%s",
-           table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry)));
-  snprintf(status.ipv6_status, sizeof status.ipv6_status, "%s",
-           table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry)));
-  snprintf(status.last_error, sizeof status.last_error, "%s",
-           table_text(kLastConnectionErrors,
-                      get_status(brelo_wanGetLastConnectionError, pvc, entry)));
-
-  reply.append("{\"Result\":0,\"Uptime\":\"%s\",\"ConnectionStatus\":\"%s\",", status.uptime,
-               status.ipv4_status);
-  reply.append("\"IPv6ConnStatus\":\"%s\",\"LastConnectionError\":\"%s\"}", status.ipv6_status,
-               status.last_error);
+  // The four values in the order the platform is asked for them. Each text fits the field
+  // the reply has always been given for it (uptime 16 bytes, statuses 64, last error 256),
+  // so they go into the reply as they are.
+  int uptime = get_status(brelo_wanGetUptime, pvc, entry);
+  const char *ipv4_status =
+      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry));
+  const char *ipv6_status =
+      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry));
+  const char *last_error =
+      table_text(kLastConnectionErrors, get_status(brelo_wanGetLastConnectionError, pvc, entry));
+  reply.append("{\"Result\":0,\"Uptime\":\"%d\",\"ConnectionStatus\":\"%s\",\"IPv6ConnStatus\":\"%s\","
+               "\"LastConnectionError\":\"%s\"}",
+               uptime, ipv4_status, ipv6_status, last_error);
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

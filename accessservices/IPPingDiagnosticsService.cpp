@@ -58,9 +58,9 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_getIPP
   memset(&res, 0, sizeof res);
   int rc = brelo_getIPPingDiagnostics(&res);
   if (rc == 0) {
-    reply.append("{\"Result\":0,\"SuccessCount\":%u,\"FailureCount\":%u,\"AverageResponseTime\":%u,",
-                 res.success_count, res.failure_count, res.average_response_time);
-    reply.append("\"MinimumResponseTime\":%u,\"MaximumResponseTime\":%u}",
+    reply.append("{\"Result\":0,\"SuccessCount\":%u,\"FailureCount\":%u,\"AverageResponseTime\":%u,"
+                 "\"MinimumResponseTime\":%u,\"MaximumResponseTime\":%u}",
+                 res.success_count, res.failure_count, res.average_response_time,
                  res.minimum_response_time, res.maximum_response_time);
   } else if (rc == -2) {
     // "diagonostics" is how Java bundles have always received it.

@@ -74,9 +74,9 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
 
   if (rc == 0) {
     const int32_t count = res.hop_count;
-    reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
-    reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
-    reply.append("\"RouteHops\": [");  // the blank after the colon is part of the reply
+    // The blank after "RouteHops": is part of the reply.
+    reply.append("{\"Result\":0,\"ResponseTime\":%u,\"HopsNumberOfEntries\":%d,\"RouteHops\": [",
+                 res.response_time, static_cast<int>(count));
     // The hop array holds no more records than its allocation, whatever the count says.
     const int32_t records = bundle::platform_list_count(hops, count);
     for (int32_t i = 0; i < records && reply.offset() < kHopListCut; ++i) {
@@ -84,15 +84,12 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
       bundle::terminate_field(hop.host);
       bundle::terminate_field(hop.address);
       bundle::terminate_field(hop.rt_times);
-      reply.append("{\"HopHost\":\"%s\",", hop.host);
-      reply.append("\"HopHostAddress\":\"%s\",", hop.address);
-      reply.append("\"HopErrorCode\":%u,", hop.error_code);
-      reply.append("\"HopRTTimes\":\"%s\"}", hop.rt_times);
+      reply.append("{\"HopHost\":\"%s\",\"HopHostAddress\":\"%s\",\"HopErrorCode\":%u,\"HopRTTimes\":\"%s\"}",
+                   hop.host, hop.address, hop.error_code, hop.rt_times);
       // The comma follows the count, not the cut: a cut list ends with ",]".
       if (i < count - 1) reply.append(",");
     }
-    reply.append("]");
-    reply.append("}");
+    reply.append("]}");
   } else if (rc == -2) {
     // "FailReaso1n" (digit one) and "diagonostics" are what Java bundles have always read here.
     reply.append("{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");

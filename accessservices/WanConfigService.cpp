@@ -14,9 +14,8 @@ namespace {
 // Copies one creation text into its zeroed 32-byte buffer. A text that would not fit with its
 // terminator is refused (false) rather than cut, so the platform never sees half a value.
 bool copy_creation_text(char (&buf)[32], const char *text) {
-  size_t len = strnlen(text, sizeof buf);
-  if (len >= sizeof buf) return false;
-  memcpy(buf, text, len);
+  if (strnlen(text, sizeof buf) >= sizeof buf) return false;
+  bundle::copy_padded(buf, text);  // the rest of the buffer zero
   return true;
 }
 
@@ -73,9 +72,9 @@ extern "C" {
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_addWANIfJni(
     JNIEnv *env, jobject, jstring vlanMode, jstring vlanIdMark, jstring connectionType) {
-  char vlan_mode[32] = {};
-  char vlan_id_mark[32] = {};
-  char connection_type[32] = {};
+  char vlan_mode[32];  // each written whole before the platform is asked
+  char vlan_id_mark[32];
+  char connection_type[32];
   const jstring texts[] = {vlanMode, vlanIdMark, connectionType};
   char(*const fields[])[32] = {&vlan_mode, &vlan_id_mark, &connection_type};
 

@@ -8,17 +8,12 @@ namespace {
 
 typedef int (*PortTextSetter)(int port, const char *text);
 
-// Copies the Java text into a zeroed 32-byte buffer (cut at 31 bytes), gives the text back
-// at once, then hands the copy to the platform.
+// Copies the Java text into a zero-filled 32-byte buffer (cut at 31 bytes), gives the text
+// back at once, then hands the copy to the platform.
 int set_port_text(JNIEnv *env, const char *native, jint port, jstring jtext,
                   PortTextSetter setter) {
-  char copy[32] = {};
-  {
-    bundle::JavaChars text(env, jtext);
-    if (text.is_null()) return -1;
-    strncpy(copy, text.get(), sizeof copy - 1);
-    text.release();
-  }
+  char copy[32];
+  if (!bundle::take_text(env, jtext, copy)) return -1;
   int rc = setter(port, copy);
   bundle::trace_printf(native, __LINE__, "%s:  ret =%d  \n", native, rc);
   return rc;

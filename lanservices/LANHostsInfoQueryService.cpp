@@ -345,8 +345,8 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   if (point < 1 || point > 12) {
     reply.append("%s", kListFailure);
   } else {
-    char key[8] = {};
-    snprintf(key, sizeof key, "%d", point);
+    char key[8];
+    bundle::format_text(key, sizeof key, "%d", point);
     int count = 0;
     int rc = brelo_lanGethostInfobytype(&list, &count, key, LAN_HOST_TYPE_ATTACH_POINT);
     count = bundle::platform_list_count(list, count);

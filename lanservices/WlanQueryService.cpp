@@ -106,7 +106,7 @@ static_assert(sizeof(StationReply) == 208, "StationReply is 208 bytes");
 void getStaSpeed(const char *mac) {
   unsigned int b[6] = {0, 0, 0, 0, 0, 0};
   sscanf(mac, "%02x:%02x:%02x:%02x:%02x:%02x", &b[0], &b[1], &b[2], &b[3], &b[4], &b[5]);
-  char key[16] = {};
+  char key[16];
   snprintf(key, sizeof key, "%02x%02x%02x%02x%02x%02x", b[0] & 0xFFu, b[1] & 0xFFu,
            b[2] & 0xFFu, b[3] & 0xFFu, b[4] & 0xFFu, b[5] & 0xFFu);
 
@@ -173,16 +173,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
   } else {
     bundle::terminate_field(info.bssid);
     bundle::terminate_field(info.ssid);
-    char standard[32] = {};
+    char standard[32];  // written by wlanStandardName
     wlanStandardName(info.standard, standard);
-    reply.append("{\"Result\":0");
-    reply.append(",\"Enable\":\"%s\"", bool_text(info.enabled != 0));
-    reply.append(",\"BSSID\":\"%s\"", info.bssid);
-    reply.append(",\"SSIDName\":\"%s\"", info.ssid);  // not escaped here
-    // The record says "hidden"; Java is told whether the SSID is advertised.
-    reply.append(",\"SSIDAdvertisementEnabled\":\"%s\"", bool_text(info.hidden == 0));
-    reply.append(",\"Standard\":\"%s\"", standard);
-    reply.append(",\"EncryptionMode\":\"%s\"}", encryption_name(info.encryption));
+    // The name is not escaped here. The record says "hidden"; Java is told whether the SSID
+    // is advertised.
+    reply.append("{\"Result\":0,\"Enable\":\"%s\",\"BSSID\":\"%s\",\"SSIDName\":\"%s\","
+                 "\"SSIDAdvertisementEnabled\":\"%s\",\"Standard\":\"%s\",\"EncryptionMode\":\"%s\"}",
+                 bool_text(info.enabled != 0), info.bssid, info.ssid, bool_text(info.hidden == 0),
+                 standard, encryption_name(info.encryption));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -196,15 +194,15 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
   if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
     reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
   } else {
-    reply.append("{\"Result\":0");
-    reply.append(",\"TotalBytesSent\":%u", static_cast<unsigned>(stats.bytes_sent));
-    reply.append(",\"TotalBytesReceived\":%u", static_cast<unsigned>(stats.bytes_received));
-    reply.append(",\"TotalPacketsSent\":%u", static_cast<unsigned>(stats.packets_sent));
-    reply.append(",\"TotalPacketsReceived\":%u", static_cast<unsigned>(stats.packets_received));
-    reply.append(",\"ErrorsSent\":%u", static_cast<unsigned>(stats.errors_sent));
-    reply.append(",\"ErrorsReceived\":%u", static_cast<unsigned>(stats.errors_received));
-    reply.append(",\"DiscardPacketsSent\":%u", static_cast<unsigned>(stats.discard_sent));
-    reply.append(",\"DiscardPacketsReceived\":%u}", static_cast<unsigned>(stats.discard_received));
+    reply.append("{\"Result\":0,\"TotalBytesSent\":%u,\"TotalBytesReceived\":%u,"
+                 "\"TotalPacketsSent\":%u,\"TotalPacketsReceived\":%u,\"ErrorsSent\":%u,"
+                 "\"ErrorsReceived\":%u,\"DiscardPacketsSent\":%u,\"DiscardPacketsReceived\":%u}",
+                 static_cast<unsigned>(stats.bytes_sent), static_cast<unsigned>(stats.bytes_received),
+                 static_cast<unsigned>(stats.packets_sent),
+                 static_cast<unsigned>(stats.packets_received),
+                 static_cast<unsigned>(stats.errors_sent), static_cast<unsigned>(stats.errors_received),
+                 static_cast<unsigned>(stats.discard_sent),
+                 static_cast<unsigned>(stats.discard_received));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -219,10 +217,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANWPSStatusJ
 JNIEXPORT jboolean JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSwitchJni(
     JNIEnv *env, jobject, jstring jradioType) {
-  char radio[32] = {};
+  char radio[32];
   bundle::JavaChars radioType(env, jradioType);
   if (bundle::acquire_failed(env, radioType)) return JNI_FALSE;
-  strncpy(radio, radioType.or_empty(), sizeof radio - 1);
+  bundle::copy_padded(radio, radioType.or_empty());
   radioType.release();
 
   int rc = brelo_wlanGetRadioSwitch(radio);
@@ -241,13 +239,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
   if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
     reply.append("{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
   } else {
-    reply.append("{\"Result\":0");
-    reply.append(",\"Channel\":%d", static_cast<int>(info.channel));
-    reply.append(",\"AutoChannelEnable\":\"%s\"", bool_text(info.auto_channel != 0));
-    reply.append(",\"ChannelsInUse\":\"%s\"", radio == 0 ? k24GChannels : k5GChannels);
-    reply.append(",\"TransmitPower\":\"%d\"", power_percent(info.power_level));
-    reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
-    reply.append("}");
+    reply.append("{\"Result\":0,\"Channel\":%d,\"AutoChannelEnable\":\"%s\",\"ChannelsInUse\":\"%s\","
+                 "\"TransmitPower\":\"%d\",\"FrequencyWidth\":\"%s\"}",
+                 static_cast<int>(info.channel), bool_text(info.auto_channel != 0),
+                 radio == 0 ? k24GChannels : k5GChannels, power_percent(info.power_level),
+                 width_name(info.width_code));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -299,12 +295,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
       }
       char standard[32];
       wlanStandardName(ap.standard, standard);
-      bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
-      bundle::reply_append(text, cap, &off, ",\"BSSID\":\"%s\"", ap.bssid);
-      bundle::reply_append(text, cap, &off, ",\"NetworkType\":\"%s\"", "AP");
-      bundle::reply_append(text, cap, &off, ",\"Channel\":%d", static_cast<int>(ap.channel));
-      bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(ap.rssi));
-      bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", standard);
+      bundle::reply_append(text, cap, &off,
+                           "{\"SSIDName\":\"%s\",\"BSSID\":\"%s\",\"NetworkType\":\"%s\",\"Channel\":%d,"
+                           "\"RSSI\":\"%d\",\"Standard\":\"%s\"}",
+                           ssid, ap.bssid, "AP", static_cast<int>(ap.channel),
+                           static_cast<int>(ap.rssi), standard);
       if (i != n - 1) bundle::reply_append(text, cap, &off, ",");
     }
     bundle::reply_append(text, cap, &off, "]}");
@@ -373,13 +368,12 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
   for (int j = 0; j < entries; ++j) {
     const StationReply &r = records[j];
-    bundle::reply_append(text, cap, &off, "{\"SSIDIndex\":%d", static_cast<int>(r.ssid_index));
-    bundle::reply_append(text, cap, &off, ",\"SSIDName\":\"%s\"", r.ssid);  // not escaped
-    bundle::reply_append(text, cap, &off, ",\"MAC\":\"%s\"", r.mac);
-    bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(r.rssi));
-    bundle::reply_append(text, cap, &off, ",\"RxRate\":\"%d\"", static_cast<int>(r.rx_rate));
-    bundle::reply_append(text, cap, &off, ",\"TxRate\":\"%d\"", static_cast<int>(r.tx_rate));
-    bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", r.standard);
+    // The SSID name is not escaped.
+    bundle::reply_append(text, cap, &off,
+                         "{\"SSIDIndex\":%d,\"SSIDName\":\"%s\",\"MAC\":\"%s\",\"RSSI\":\"%d\","
+                         "\"RxRate\":\"%d\",\"TxRate\":\"%d\",\"Standard\":\"%s\"}",
+                         static_cast<int>(r.ssid_index), r.ssid, r.mac, static_cast<int>(r.rssi),
+                         static_cast<int>(r.rx_rate), static_cast<int>(r.tx_rate), r.standard);
     if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
   }
   bundle::reply_append(text, cap, &off, "]}");
@@ -395,13 +389,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
   bundle::Reply<1024> reply;
   bool opened = false;
   for (int entry = 0; entry < 2; ++entry) {
-    char node[32] = {};
-    snprintf(node, sizeof node, "WLanForGuest_Entry%d", entry);
-    char index[32] = {};
+    // Every tree read leaves a terminated text, all that is read of its buffer.
+    char node[32];
+    bundle::format_text(node, sizeof node, "WLanForGuest_Entry%d", entry);
+    char index[32];
     if (bundle::tree_get(node, "SSIDIndex", index) != 0) continue;  // no such guest entry
-    char duration[32] = {};
-    char remain[32] = {};
-    char isolation[32] = {};
+    char duration[32];
+    char remain[32];
+    char isolation[32];
     bundle::tree_get(node, "Duration", duration);
     bundle::tree_get(node, "DurationRemain", remain);
     bundle::tree_get(node, "PortIsolation", isolation);
@@ -421,9 +416,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     } else {
       reply.append("{\"SSIDIndex\":%s", index);
     }
-    reply.append(",\"Duration\":%d", atoi(duration));
-    reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
-    reply.append(",\"RemainDuration\":%d}", remaining);
+    reply.append(",\"Duration\":%d,\"PortIsolation\":\"%s\",\"RemainDuration\":%d}", atoi(duration),
+                 bool_text(isolation[0] == '1'), remaining);
   }
   if (!opened) reply.append("{\"Result\":0,\"List\":[");
   reply.append("]}");

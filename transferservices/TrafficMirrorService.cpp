@@ -111,6 +111,52 @@ bool one_of(const char *text, const char *a, const char *b, const char *c) {
   return strcmp(text, a) == 0 || strcmp(text, b) == 0 || strcmp(text, c) == 0;
 }
 
+// The texts of a rule, in the order they are taken and checked.
+enum RuleText { kRemote, kPort, kDirection, kProtocol, kMac, kMirrorIp };
+
+// NULL for an accepted text of kind `kind`, or the trace line that refuses it (its %s is the
+// text). An empty host MAC is accepted as it is.
+const char *refusal(int kind, const char *text) {
+  switch (kind) {
+    case kRemote:
+      return checkIPDomainVaild(text) < 0 ? "IP(Domain) %s is not valid\n" : nullptr;
+    case kPort:
+      return portRangeValidCheck(text) < 0 ? "remotePort %s is not valid\n" : nullptr;
+    case kDirection:
+      return one_of(text, "UP", "DOWN", "ALL") ? nullptr : "direction %s is not valid\n";
+    case kProtocol:
+      return one_of(text, "TCP", "UDP", "TCP/UDP") ? nullptr : "protocol %s is not valid\n";
+    case kMac:
+      if (text[0] == '\0') return nullptr;
+      if (strlen(text) > kMacMaxLength) return "mac len is  too long!\n";  // two blanks, spelled so
+      return macValidCheck(text) < 0 ? "%s is an invalid MAC\n" : nullptr;
+    default:
+      return ipValidCheck(text) < 0 && sc_check_ip6_format(text) < 0 ? "mirror IP %s is not valid\n"
+                                                                       : nullptr;
+  }
+}
+
+// Takes one text of the rule into `out` (`size` bytes): released once copied. A text that
+// cannot be had, or that is refused, fails; a refused text is traced and kept on purpose
+// (never released), as the gateway has always done.
+bool take_rule_text(JNIEnv *env, bundle::TraceName native, jstring s, int kind, char *out,
+                    size_t size) {
+  bundle::JavaChars text(env, s);
+  if (text.is_null()) return false;
+  const char *refused = refusal(kind, text.get());
+  if (refused != nullptr) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // one of refusal()'s own lines
+    bundle::trace_printf(native, __LINE__, refused, text.get());
+#pragma GCC diagnostic pop
+    text.keep();
+    return false;
+  }
+  copy_text(out, size, text.get());
+  text.release();
+  return true;
+}
+
 // The first entry whose "mirrorToIP" is empty, or -1.
 int find_free_mirror_entry() {
   for (int i = 0; i < kMirrorEntries; ++i) {
@@ -124,97 +170,24 @@ int find_free_mirror_entry() {
 }
 
 // The checks and the store of addMirrorRuleJni. Each Java text is released once copied; on a
-// refusal the text being checked is kept (never released), as the gateway has always done.
+// refusal the text being checked is kept (never released), as the gateway has always done. A
+// null remote address or host MAC means none.
 int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstring jport,
                     jstring jdirection, jstring jprotocol, jstring jmac, jstring jmirror_ip,
                     jint mirror_port) {
   char remote[512] = {};
-  char port[64] = {};
-  char direction[64] = {};
-  char protocol[64] = {};
+  char port[64];
+  char direction[64];
+  char protocol[64];
   char mac[64] = {};
-  char mirror_ip[128] = {};
-
-  // A null remote address means none.
-  if (jremote != nullptr) {
-    bundle::JavaChars text(env, jremote);
-    if (text.is_null()) return -1;
-    if (checkIPDomainVaild(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "IP(Domain) %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(remote, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jport);
-    if (text.is_null()) return -1;
-    if (portRangeValidCheck(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "remotePort %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(port, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jdirection);
-    if (text.is_null()) return -1;
-    if (!one_of(text.get(), "UP", "DOWN", "ALL")) {
-      BUNDLE_TRACE_AS(native, "direction %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(direction, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jprotocol);
-    if (text.is_null()) return -1;
-    if (!one_of(text.get(), "TCP", "UDP", "TCP/UDP")) {
-      BUNDLE_TRACE_AS(native, "protocol %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(protocol, text.get());
-    text.release();
-  }
-
-  // A null host MAC means none; an empty one is accepted as it is.
-  if (jmac != nullptr) {
-    bundle::JavaChars text(env, jmac);
-    if (text.is_null()) return -1;
-    if (text.get()[0] != '\0') {
-      if (strlen(text.get()) > kMacMaxLength) {
-        BUNDLE_TRACE_AS(native, "mac len is  too long!\n");  // two blanks, spelled so
-        text.keep();  // kept on purpose: a refused text is not given back
-        return -1;
-      }
-      if (macValidCheck(text.get()) < 0) {
-        BUNDLE_TRACE_AS(native, "%s is an invalid MAC\n", text.get());
-        text.keep();  // kept on purpose: a refused text is not given back
-        return -1;
-      }
-    }
-    copy_text(mac, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jmirror_ip);
-    if (text.is_null()) return -1;
-    if (ipValidCheck(text.get()) < 0 && sc_check_ip6_format(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "mirror IP %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(mirror_ip, text.get());
-    text.release();
-  }
+  char mirror_ip[128];
+  if ((jremote != nullptr && !take_rule_text(env, native, jremote, kRemote, remote, sizeof remote)) ||
+      !take_rule_text(env, native, jport, kPort, port, sizeof port) ||
+      !take_rule_text(env, native, jdirection, kDirection, direction, sizeof direction) ||
+      !take_rule_text(env, native, jprotocol, kProtocol, protocol, sizeof protocol) ||
+      (jmac != nullptr && !take_rule_text(env, native, jmac, kMac, mac, sizeof mac)) ||
+      !take_rule_text(env, native, jmirror_ip, kMirrorIp, mirror_ip, sizeof mirror_ip))
+    return -1;
 
   // 1 to 65535, tested as port - 1 < 65535 unsigned.
   if (static_cast<uint32_t>(mirror_port) - 1u >= static_cast<uint32_t>(kMaxPort)) {
@@ -245,7 +218,7 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
   }
 
   char node[kNodeNameSize];
-  char number[64] = {};
+  char number[64];
   rule_node(node, index);
   const char *const values[kRuleTexts] = {remote, port, direction, protocol, mac};
   const char *key = kRuleKeys;
@@ -334,9 +307,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
     JNIEnv *env, jobject) {
   char *reply = static_cast<char *>(malloc(kRuleListSize));
   if (reply == nullptr) {
-    char failure[128] = {};
-    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return BUNDLE_JSON_REPLY(env, failure);
+    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
   }
   reply[0] = '\0';
   size_t off = 0;

@@ -72,7 +72,7 @@ struct MonitorRequest {
 
   DestAddress *dest = nullptr;  // kMaxDestAddresses zeroed entries
   int count = 0;                // effective count: 0 when every entry is empty
-  char bundle[kBundleNameSize] = {};
+  char bundle[kBundleNameSize];  // written by read_request before it is read
 };
 
 // Reads the addresses (each must be accepted by checkIPDomainVaild or sc_check_ip6_format)
@@ -300,9 +300,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     // Whichever buffer was allocated is given back too.
     free(collection);
     free(reply);
-    char failure[128] = {};
-    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return BUNDLE_JSON_REPLY(env, failure);
+    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
   }
   reply[0] = '\0';
   size_t off = 0;
