@@ -125,14 +125,14 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   int8_t count = static_cast<int8_t>(bundle::getValidIFIndex(valid, bundle::kQueryWanRoom));
   if (count < 0) {
     bundle::Reply<256> fail;
-    fail.append("{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
+    fail.append(BUNDLE_FAIL_REASON, "No Valid WAN");
     return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t cap = reply_size(count);
   char *buf = static_cast<char *>(malloc(cap));  // only the text composed into it is read
   if (buf == nullptr) {
     bundle::Reply<256> fail;
-    fail.append("{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    fail.append(BUNDLE_FAIL_REASON, "No enough memory");
     return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t off = 0;

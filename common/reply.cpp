@@ -27,75 +27,61 @@ struct Piece {
 };
 
 // Formats one piece as vsnprintf(dst, room, fmt, ap) does, byte for byte and with the same
-// result. The conversions replies are made of (%s, %.Ns, %.*s, %c, %d, %i, %u, with l or ll,
-// and %%)
-// are written here; a piece with any other conversion or a NULL text is handed to vsnprintf
-// whole. A call to vsnprintf costs more than most pieces themselves.
+// result. The conversions replies are made of (%s, %.Ns, %.*s, %d, %i and %u, with l or ll,
+// and %%) are written here; a piece with any other conversion or a NULL text is handed to
+// vsnprintf whole. A call to vsnprintf costs more than most pieces themselves.
 int compose(char *dst, size_t room, const char *fmt, va_list ap) {
   va_list again;
   va_copy(again, ap);
   Piece out{dst, room, 0};
   const char *p = fmt;
-  bool plain = true;
-  while (plain) {
+  for (;;) {
     const char *pct = strchr(p, '%');
-    if (pct == nullptr) {
-      out.put(p, strlen(p));
-      break;
-    }
-    out.put(p, static_cast<size_t>(pct - p));
+    size_t literal = pct != nullptr ? static_cast<size_t>(pct - p) : strlen(p);
+    out.put(p, literal);
+    if (pct == nullptr) break;  // the whole piece is written
     p = pct + 1;
     size_t precision = static_cast<size_t>(-1);
-    if (*p == '.' && p[1] == '*') {
-      int given = va_arg(ap, int);  // a negative precision is none
-      if (given >= 0) precision = static_cast<size_t>(given);
-      p += 2;
-    } else if (*p == '.') {
-      precision = 0;
-      for (++p; *p >= '0' && *p <= '9'; ++p) precision = precision * 10 + static_cast<size_t>(*p - '0');
+    if (*p == '.') {
+      if (*++p == '*') {
+        int given = va_arg(ap, int);  // a negative precision is none
+        if (given >= 0) precision = static_cast<size_t>(given);
+        ++p;
+      } else {
+        for (precision = 0; *p >= '0' && *p <= '9'; ++p) precision = precision * 10 + (*p - '0');
+      }
     }
     int longs = 0;
-    for (; *p == 'l'; ++p) ++longs;
-    char conv = *p;
-    if (conv == '\0') {  // a lone '%' at the end: vsnprintf's to judge
-      plain = false;
-      break;
-    }
-    ++p;
-    char digits[24];
-    char *end = digits + sizeof digits;
-    char *start = end;
+    for (; *p == 'l' && longs < 2; ++p) ++longs;
+    char conv = *p++;
     if (conv == 's' && longs == 0) {
       const char *text = va_arg(ap, const char *);
-      plain = text != nullptr;  // "(null)" and its cuts are vsnprintf's
-      if (plain) out.put(text, precision == static_cast<size_t>(-1) ? strlen(text) : strnlen(text, precision));
-      continue;
-    }
-    if (precision != static_cast<size_t>(-1) || longs > 2) {
-      plain = false;
-    } else if (conv == '%' && longs == 0) {
+      if (text == nullptr) goto whole;  // "(null)" and its cuts are vsnprintf's
+      out.put(text, strnlen(text, precision));
+    } else if (conv == '%' && longs == 0 && precision == static_cast<size_t>(-1)) {
       out.put("%", 1);
-    } else if (conv == 'c' && longs == 0) {
-      char c = static_cast<char>(va_arg(ap, int));
-      out.put(&c, 1);
-    } else if (conv == 'd' || conv == 'i' || conv == 'u') {
-      unsigned long long magnitude;
+    } else if ((conv == 'd' || conv == 'i' || conv == 'u') &&
+               precision == static_cast<size_t>(-1)) {
+      // The number's magnitude as 64 bits, then its digits by 16-bit limbs: 32-bit divisions
+      // only (the gateway's CPU has no 64-bit one).
+      unsigned long long magnitude =
+          longs == 2 ? va_arg(ap, unsigned long long)
+          : longs == 1 ? static_cast<unsigned long long>(va_arg(ap, long))
+                       : static_cast<unsigned long long>(va_arg(ap, int));
       bool negative = false;
       if (conv == 'u') {
-        magnitude = longs == 2 ? va_arg(ap, unsigned long long)
-                    : longs == 1 ? va_arg(ap, unsigned long) : va_arg(ap, unsigned int);
-      } else {
-        long long value = longs == 2 ? va_arg(ap, long long)
-                          : longs == 1 ? va_arg(ap, long) : va_arg(ap, int);
-        negative = value < 0;
-        magnitude = negative ? 0ull - static_cast<unsigned long long>(value)
-                             : static_cast<unsigned long long>(value);
+        if (longs == 1) magnitude = static_cast<unsigned long>(magnitude);
+        if (longs == 0) magnitude = static_cast<unsigned int>(magnitude);
+      } else if (static_cast<long long>(magnitude) < 0) {
+        negative = true;
+        magnitude = 0 - magnitude;
       }
-      // Digits by 16-bit limbs: 32-bit divisions only (the gateway's CPU has no 64-bit one).
-      uint32_t limbs[4] = {static_cast<uint32_t>(magnitude >> 48) & 0xFFFFu,
+      uint32_t limbs[4] = {static_cast<uint32_t>(magnitude >> 48),
                            static_cast<uint32_t>(magnitude >> 32) & 0xFFFFu,
-                           static_cast<uint32_t>(magnitude >> 16) & 0xFFFFu,
+                           static_cast<uint32_t>(magnitude) >> 16,
                            static_cast<uint32_t>(magnitude) & 0xFFFFu};
+      char digits[21];
+      char *start = digits + sizeof digits;
       bool more;
       do {
         uint32_t rest = 0;
@@ -109,18 +95,16 @@ int compose(char *dst, size_t room, const char *fmt, va_list ap) {
         *--start = static_cast<char>('0' + rest);
       } while (more);
       if (negative) *--start = '-';
-      out.put(start, static_cast<size_t>(end - start));
+      out.put(start, static_cast<size_t>(digits + sizeof digits - start));
     } else {
-      plain = false;
+      goto whole;  // a lone '%' at the end too
     }
   }
-  int n;
-  if (plain) {
-    if (room > 0) dst[out.len < room - 1 ? out.len : room - 1] = '\0';
-    n = static_cast<int>(out.len);
-  } else {
-    n = vsnprintf(dst, room, fmt, again);
-  }
+  if (room > 0) dst[out.len < room - 1 ? out.len : room - 1] = '\0';
+  va_end(again);
+  return static_cast<int>(out.len);
+whole:
+  int n = vsnprintf(dst, room, fmt, again);
   va_end(again);
   return n;
 }

@@ -25,6 +25,15 @@ int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...)
 // key names, numbers).
 int format_text(char *buf, size_t size, const char *fmt, ...) __attribute__((format(printf, 3, 4)));
 
+// The failure reply whose reason Java reads from "FailReason", composed with the reason as its
+// one argument: {"Result":-1,"FailReason":"<reason>"}.
+#define BUNDLE_FAIL_REASON "{\"Result\":-1,\"FailReason\":\"%s\"}"
+
+// The head of a list reply and the failure of one, shared by the list natives (as literals, so
+// the library holds each text once).
+#define BUNDLE_LIST_HEAD "{\"Result\":0,\"List\":["
+#define BUNDLE_LIST_FAILURE "{\"Result\":-1,\"List\":[]}"
+
 // What every reply has whatever its capacity: where its text is, how large it is and how far
 // it has been composed. One copy of the code serves replies of every size.
 class ReplyText {

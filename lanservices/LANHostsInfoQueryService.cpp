@@ -19,8 +19,8 @@ JNIEXPORT const char *HostClassStr[4] = {"ONLINE", "OFFLINE", "BLOCK", "TRUST"};
 
 namespace {
 
-const char kListFailure[] = "{\"Result\":-1,\"List\":[]}";
-const char kListHead[] = "{\"Result\":0,\"List\":[";
+const char *const kListFailure = BUNDLE_LIST_FAILURE;
+const char *const kListHead = BUNDLE_LIST_HEAD;
 
 // Host lists are composed in a zeroed 64 KiB buffer; a longer list is cut there. The buffer
 // lives in the native's heap working struct, never on its stack.
@@ -233,6 +233,71 @@ void free_hosts(LanHostRecord *&list) {
   list = nullptr;
 }
 
+// The class code of a class name in any case, or -1 for a NULL or unknown one.
+int class_code(const char *name) {
+  for (int k = 0; name != nullptr && k < 4; ++k)
+    if (strcasecmp(name, HostClassStr[k]) == 0) return k;
+  return -1;
+}
+
+// The working memory of a class query: its reply and the index of the MAC texts in it.
+struct ClassWork {
+  HostListReply reply;
+  MacTextIndex index;
+};
+
+// Composes the reply of a class query for class `host_class` (-1: the name is unknown) in
+// `work` and gives its text, or the failure reply's. Traces under `native`.
+const char *class_query(ClassWork &work, int host_class, bundle::TraceName native) {
+  HostListReply &reply = work.reply;
+  if (host_class < 0) {
+    reply.append("%s", kListFailure);
+    return reply.c_str();
+  }
+
+  LanHostRecord *list = nullptr;
+  int count = 0;
+  int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
+  count = bundle::platform_list_count(list, count);
+
+  // Blocked hosts come in two lists, the present ones and the offline ones. Without present
+  // ones the offline list is the whole answer.
+  bool offline_walked = false;
+  if (host_class == LAN_HOST_CLASS_BLOCK && (rc != 0 || count == 0)) {
+    count = 0;
+    free_hosts(list);
+    rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
+    BUNDLE_TRACE_AS(native, "get BlockOffline ret %d\n", rc);
+    if (rc != 0) {
+      free_hosts(list);
+      reply.append("%s", kListFailure);
+      return reply.c_str();
+    }
+    offline_walked = true;
+  }
+
+  reply.append("%s", kListHead);
+  append_unique_hosts(reply, work.index, list, count);
+
+  if (host_class == LAN_HOST_CLASS_BLOCK && !offline_walked) {
+    free_hosts(list);
+    count = 0;
+    rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
+    if (rc == 0 && count != 0) {
+      // Decided before knowing whether any offline host is new: an all-duplicate second
+      // list leaves this comma just before the closing bracket.
+      reply.append(",");
+      append_unique_hosts(reply, work.index, list, count);
+    }
+  }
+  reply.append("]}");
+  free_hosts(list);
+  // Only the platform's "not completed" fails the query; other results keep the list.
+  return rc == -2 ? kListFailure : reply.c_str();
+}
+
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
 jstring host_stats_reply(JNIEnv *env, jobjectArray macs, const char *selector,
                          bundle::TraceName native) {
@@ -378,88 +443,11 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     JNIEnv *env, jobject, jstring jclass) {
   bundle::JavaChars name(env, jclass);
   if (bundle::acquire_failed(env, name)) return nullptr;
-  struct Work {
-    HostListReply reply;
-    MacTextIndex index;
-  };
-  bundle::HeapObject<Work> work;
-  if (!work.ok()) {
-    name.release();
-    return BUNDLE_JSON_REPLY(env, kListFailure);
-  }
-  HostListReply &reply = work->reply;
-
-  int host_class = -1;
-  if (!name.is_null()) {
-    for (int k = 0; k < 4; ++k) {
-      if (strcasecmp(name.get(), HostClassStr[k]) == 0) {
-        host_class = k;
-        break;
-      }
-    }
-  }
-  if (host_class < 0) {
-    reply.append("%s", kListFailure);
-    name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 reply.c_str());
-    return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
-  }
-
-  LanHostRecord *list = nullptr;
-  int count = 0;
-  int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
-  count = bundle::platform_list_count(list, count);
-
-  // Blocked hosts come in two lists, the present ones and the offline ones. Without present
-  // ones the offline list is the whole answer.
-  bool offline_walked = false;
-  if (host_class == LAN_HOST_CLASS_BLOCK && (rc != 0 || count == 0)) {
-    count = 0;
-    free_hosts(list);
-    rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
-    count = bundle::platform_list_count(list, count);
-    BUNDLE_TRACE("get BlockOffline ret %d\n", rc);
-    if (rc != 0) {
-      free_hosts(list);
-      reply.append("%s", kListFailure);
-      name.release();
-      BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                   reply.c_str());
-      return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
-    }
-    offline_walked = true;
-  }
-
-  MacTextIndex &index = work->index;
-  reply.append("%s", kListHead);
-  append_unique_hosts(reply, index, list, count);
-
-  if (host_class == LAN_HOST_CLASS_BLOCK && !offline_walked) {
-    free_hosts(list);
-    count = 0;
-    rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
-    count = bundle::platform_list_count(list, count);
-    if (rc == 0 && count != 0) {
-      // Decided before knowing whether any offline host is new: an all-duplicate second
-      // list leaves this comma just before the closing bracket.
-      reply.append(",");
-      append_unique_hosts(reply, index, list, count);
-    }
-  }
-  reply.append("]}");
-
-  if (rc == -2) {
-    // Only the platform's "not completed" fails the query; other results keep the list.
-    free_hosts(list);
-    name.release();
-    return BUNDLE_JSON_REPLY(env, kListFailure);
-  }
-  free_hosts(list);
+  bundle::HeapObject<ClassWork> work;
+  const char *text = work.ok() ? class_query(*work, class_code(name.get()), BUNDLE_NATIVE) : kListFailure;
   name.release();
-  BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
+  BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n", text);
+  return bundle::new_reply_string(env, bundle::checked_reply(text, kListFailure));
 }
 
 JNIEXPORT jstring JNICALL

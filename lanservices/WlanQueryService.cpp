@@ -13,6 +13,7 @@
 #include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 #include "common/platform_wlan.h"
+#include "common/text_table.h"
 #include "lanservices/lan_hosts.h"
 
 namespace {
@@ -21,35 +22,29 @@ namespace {
 const size_t kListEntrySize = 512;
 
 // Handed to Java as a null string: the text has no buffer to land in.
-const char kNoMemory[] = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+const char *const kNoMemory = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
 
 const char kTrue[] = "TRUE";
 const char kFalse[] = "FALSE";
 
 const char *bool_text(bool value) { return value ? kTrue : kFalse; }
 
-// Standard names indexed by the platform's standard code; empty names are unknown codes.
-const char *const kStandardNames[] = {"11bg", "11b", "11a", "", "11g", "", "11n",
-                                      "11gn", "11na", "11bgn", "", "11ac"};
-const int kStandardCount = static_cast<int>(sizeof kStandardNames / sizeof kStandardNames[0]);
+// Standard names indexed by the platform's standard code (common/text_table.h); empty names
+// are unknown codes.
+const char kStandardNames[] = "11bg\0" "11b\0" "11a\0\0" "11g\0\0" "11n\0" "11gn\0" "11na\0" "11bgn\0\0" "11ac";
 
 // Writes the name of a standard code into `out` (32 bytes). 0 for a known code; -1 with an
 // empty name for an unknown one, and -1 without writing for a NULL `out`.
 int wlanStandardName(int code, char *out) {
   if (out == nullptr) return -1;
-  if (code < 0 || code >= kStandardCount || kStandardNames[code][0] == '\0') {
-    out[0] = '\0';
-    return -1;
-  }
-  strcpy(out, kStandardNames[code]);  // the longest name is 5 characters
-  return 0;
+  const char *name = bundle::table_text(kStandardNames, code);
+  strcpy(out, name);  // the longest name is 5 characters; an unknown code's is empty
+  return name[0] != '\0' ? 0 : -1;
 }
 
 // Encryption names indexed by the platform's encryption code; other codes give "".
 const char *encryption_name(int code) {
-  static const char *const kNames[] = {"OPEN", "WEP", "WPAPSK", "WPAPSK2", "MIXED-WPAPSK2"};
-  if (code < 0 || code >= static_cast<int>(sizeof kNames / sizeof kNames[0])) return "";
-  return kNames[code];
+  return bundle::table_text("OPEN\0WEP\0WPAPSK\0WPAPSK2\0MIXED-WPAPSK2", code);
 }
 
 // Transmit power in percent indexed by the platform's power level. The table has eight
@@ -169,7 +164,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
   WlanSsidInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetSSIDInfo(ssidIndex, &info) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANSSIDInfo Error");
   } else {
     bundle::terminate_field(info.bssid);
     bundle::terminate_field(info.ssid);
@@ -192,7 +187,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
   WlanSsidStatsRecord stats;
   memset(&stats, 0, sizeof stats);
   if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANSSIDStats Error");
   } else {
     reply.append("{\"Result\":0,\"TotalBytesSent\":%u,\"TotalBytesReceived\":%u,"
                  "\"TotalPacketsSent\":%u,\"TotalPacketsReceived\":%u,\"ErrorsSent\":%u,"
@@ -237,7 +232,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
   WlanRadioInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANRadioInfo Error");
   } else {
     reply.append("{\"Result\":0,\"Channel\":%d,\"AutoChannelEnable\":\"%s\",\"ChannelsInUse\":\"%s\","
                  "\"TransmitPower\":\"%d\",\"FrequencyWidth\":\"%s\"}",
@@ -279,7 +274,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   }
   size_t off = 0;
   if (rc != 0) {
-    bundle::reply_append(text, cap, &off, "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+    bundle::reply_append(text, cap, &off, BUNDLE_FAIL_REASON, "getWLANNeighbor Error");
   } else {
     bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
     for (int i = 0; i < n; ++i) {

@@ -56,18 +56,6 @@ void rule_node(char (&node)[kNodeNameSize], int index) {
   bundle::format_text(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
 }
 
-// Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
-void copy_text(char *dst, size_t size, const char *src) {
-  size_t n = strnlen(src, size - 1);
-  memcpy(dst, src, n);
-  dst[n] = '\0';
-}
-
-template <size_t N>
-void copy_text(char (&dst)[N], const char *src) {
-  copy_text(dst, N, src);
-}
-
 // A port ("80"), a negated port ("!80") or a range ("1000-2000"): digits, each number at most
 // 65535, and the lower bound not above the final number. A leading "-" is refused; a "!"
 // together with a range is refused as a non-digit. An empty text passes, and so does
@@ -152,7 +140,7 @@ bool take_rule_text(JNIEnv *env, bundle::TraceName native, jstring s, int kind, 
     text.keep();
     return false;
   }
-  copy_text(out, size, text.get());
+  bundle::copy_padded(out, size, text.get());
   text.release();
   return true;
 }
@@ -197,12 +185,12 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
 
   traffic_mirror_rule rule;
   memset(&rule, 0, sizeof rule);
-  copy_text(rule.remoteAddress, remote);
-  copy_text(rule.remotePort, port);
-  copy_text(rule.direction, direction);
-  copy_text(rule.protocol, protocol);
-  copy_text(rule.hostMAC, mac);
-  copy_text(rule.mirrorToIP, mirror_ip);
+  bundle::copy_padded(rule.remoteAddress, remote);
+  bundle::copy_padded(rule.remotePort, port);
+  bundle::copy_padded(rule.direction, direction);
+  bundle::copy_padded(rule.protocol, protocol);
+  bundle::copy_padded(rule.hostMAC, mac);
+  bundle::copy_padded(rule.mirrorToIP, mirror_ip);
   rule.mirrorToPort = mirror_port;
   int index = -1;
   if (is_duplicated_traffic_mirror_rule(&rule, &index)) {

@@ -48,13 +48,6 @@ void entry_node(char (&node)[kNodeNameSize], int pvc, int entry) {
   bundle::format_text(node, sizeof node, "TrafficMonitoring_PVC%d_Entry%d", pvc, entry);
 }
 
-// Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
-void copy_text(char *dst, size_t size, const char *src) {
-  size_t n = strnlen(src, size - 1);
-  memcpy(dst, src, n);
-  dst[n] = '\0';
-}
-
 // 1 when the first byte of each of the first `count` entries is zero (also for count 0).
 int check_all_dest_is_null(DestAddress *dest, int count) {
   for (int i = 0; i < count; ++i)
@@ -70,7 +63,9 @@ struct MonitorRequest {
   MonitorRequest &operator=(const MonitorRequest &) = delete;
   ~MonitorRequest() { free(dest); }
 
-  DestAddress *dest = nullptr;  // kMaxDestAddresses zeroed entries
+  // kMaxDestAddresses entries; the first `count` are written whole before any is read, the
+  // rest never are.
+  DestAddress *dest = nullptr;
   int count = 0;                // effective count: 0 when every entry is empty
   char bundle[kBundleNameSize];  // written by read_request before it is read
 };
@@ -81,7 +76,7 @@ struct MonitorRequest {
 // Traces under the calling native's name.
 int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundle::TraceName native,
                  MonitorRequest *req) {
-  req->dest = static_cast<DestAddress *>(calloc(kMaxDestAddresses, sizeof(DestAddress)));
+  req->dest = static_cast<DestAddress *>(malloc(kMaxDestAddresses * sizeof(DestAddress)));
   if (req->dest == nullptr) {
     BUNDLE_TRACE_AS(native, "no memory for the destination addresses\n");
     return -1;
@@ -101,14 +96,14 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
       BUNDLE_TRACE_AS(native, "Ip(domain)destAddressList %s is not valid\n", address.get());
       return -1;
     }
-    copy_text(req->dest[i], kDestAddressSize, address.get());
+    bundle::copy_padded(req->dest[i], kDestAddressSize, address.get());
     address.release();
   }
   req->count = check_all_dest_is_null(req->dest, n) ? 0 : n;
 
   bundle::JavaChars bundle(env, bundle_name);
   if (bundle.is_null()) return -1;
-  copy_text(req->bundle, sizeof req->bundle, bundle.get());
+  bundle::copy_padded(req->bundle, bundle.get());
   bundle.release();
   return 0;
 }

@@ -8,23 +8,20 @@
 #include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_route.h"
+#include "common/text_table.h"
 
 namespace {
 
 const char kFailure[] = "{\"Result\":-1}";
-const char kListHead[] = "{\"Result\":0,\"List\":[";
+const char *const kListHead = BUNDLE_LIST_HEAD;
 const char kListTail[] = "]}";
 
-// LAN interfaces by the platform's 0-based interface number.
-const char *const kLanInterfaceNames[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4", "SSID1",
-                                          "SSID2", "SSID3", "SSID4", "SSID5"};
-constexpr int kLanInterfaceCount = sizeof kLanInterfaceNames / sizeof kLanInterfaceNames[0];
+// LAN interfaces by the platform's 0-based interface number (common/text_table.h).
+const char kLanInterfaceNames[] = "LAN1\0LAN2\0LAN3\0LAN4\0SSID1\0SSID2\0SSID3\0SSID4\0SSID5";
 
 // IPTV service status names by status code (the doubled S is the system's own spelling).
-const char *const kIptvStatusNames[] = {"NO_IPTV_CONNECTION", "IPTV_DISCONNECT",
-                                        "INVALID_MULTIVLAN", "IPTV_BUSSINESS_NOK",
-                                        "IPTV_BUSSINESS_OK"};
-constexpr int kIptvStatusCount = sizeof kIptvStatusNames / sizeof kIptvStatusNames[0];
+const char kIptvStatusNames[] =
+    "NO_IPTV_CONNECTION\0IPTV_DISCONNECT\0INVALID_MULTIVLAN\0IPTV_BUSSINESS_NOK\0IPTV_BUSSINESS_OK";
 
 const char kVlanObject[] = "{\"LanInterface\":\"%s\",\"Bind\":\"%s\"}";
 const char kIp4Object[] =
@@ -52,7 +49,7 @@ static_assert(1 + sizeof kIp6Object + kIndexRoom + sizeof(Ip6RouteRecord::dest_p
 
 // Interface names outside the table read as empty rather than past it.
 const char *lan_interface_name(int32_t lan_if) {
-  return lan_if >= 0 && lan_if < kLanInterfaceCount ? kLanInterfaceNames[lan_if] : "";
+  return bundle::table_text(kLanInterfaceNames, lan_if);
 }
 
 // The objects of the three kinds of record, each given as an untyped record so that one list
@@ -93,7 +90,7 @@ jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, int rc, void
   char *text = nullptr;
   if (array != nullptr && rc == 0) {
     size_t n = count > 0 ? static_cast<size_t>(count) : 0;
-    size_t fixed = sizeof kListHead + sizeof kListTail;
+    size_t fixed = sizeof BUNDLE_LIST_HEAD + sizeof kListTail;
     if (n <= (SIZE_MAX - fixed) / kObjectRoom) {
       size_t cap = fixed + n * kObjectRoom;
       text = static_cast<char *>(malloc(cap));  // only the text composed into it is read
@@ -176,7 +173,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVS
     JNIEnv *env, jobject) {
   bundle::Reply<256> reply;
   int status = brelo_iptvGetStatus();
-  if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
+  reply.append("%s", bundle::table_text(kIptvStatusNames, status));
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
