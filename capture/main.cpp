@@ -2,13 +2,11 @@
 // function looked up by name, so a gateway whose libraries lack a function still runs the
 // tool (the function is recorded as missing).
 #include <dlfcn.h>
-#include <limits.h>
-#include <signal.h>
 #include <stdio.h>
 #include <string.h>
-#include <unistd.h>
 
 #include "capture/capture.h"
+#include "capture/interrupt.h"
 
 namespace {
 
@@ -36,27 +34,6 @@ void *lookup(const char *name, void *) {
   // The address checks come from another library of the gateway, loaded by then.
   if (f == nullptr) f = dlsym(RTLD_DEFAULT, name);
   return f;
-}
-
-// What a stopped capture says about its folder.
-char g_stopped[2 * PATH_MAX + 160];
-size_t g_stopped_len = 0;
-
-void on_partial(const char *partial, const char *destination) {
-  int n = snprintf(g_stopped, sizeof g_stopped,
-                   "\nbundle_sc-capture: stopped before %s was complete: %s is left incomplete "
-                   "(it does not load; remove it and capture again)\n",
-                   destination, partial);
-  g_stopped_len = n > 0 ? (static_cast<size_t>(n) < sizeof g_stopped ? static_cast<size_t>(n) : sizeof g_stopped - 1) : 0;
-}
-
-void on_signal(int sig) {
-  if (g_stopped_len > 0) {
-    ssize_t ignored = write(2, g_stopped, g_stopped_len);
-    (void)ignored;
-  }
-  signal(sig, SIG_DFL);
-  raise(sig);
 }
 
 bool open_platform() {
@@ -117,9 +94,7 @@ int main(int argc, char **argv) {
   }
   if (!open_platform()) return capture::kOutputFailed;
   o.lookup = lookup;
-  o.on_partial = on_partial;
-  signal(SIGINT, on_signal);
-  signal(SIGTERM, on_signal);
-  signal(SIGHUP, on_signal);
+  o.on_partial = capture::note_partial;
+  capture::watch_interrupts();
   return capture::run(o);
 }

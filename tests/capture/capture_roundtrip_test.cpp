@@ -54,7 +54,6 @@ class CaptureRoundTrip : public testsupport::BridgeTest {
     int answered = 0;
     for (const std::string &r : original) answered += r.find("\"Result\":0") != std::string::npos;
     EXPECT_GT(answered, 50) << tag;
-    printf("%s: %zu calls, %d answered\n", tag, calls.size(), answered);
     gateways::remove_folder(folder.substr(0, folder.rfind('/')));
   }
 };

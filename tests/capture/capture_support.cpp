@@ -2,7 +2,10 @@
 
 #include <dlfcn.h>
 #include <stdio.h>
+#include <ctype.h>
 #include <string.h>
+
+#include <iterator>
 
 #include "sim/sim_control.h"
 #include "tests/sample_arguments.h"
@@ -92,23 +95,36 @@ const char *const kTexts[] = {"LAN2", "SSID1", "SSID5", "ONLINE", "OFFLINE", "TR
 
 }  // namespace
 
-std::vector<Call> query_calls(fakejni::FakeJvm &jvm, const std::vector<std::string> &macs) {
+std::vector<Call> query_calls(fakejni::FakeJvm &jvm, const std::vector<std::string> &macs_given,
+                              const capture::Anonymizer *anon) {
+  std::vector<std::string> macs;
+  for (const std::string &m : macs_given) {
+    capture::Text t;
+    if (anon != nullptr) {
+      anon->mac_text(m.data(), m.size(), &t);
+    } else {
+      t.append(m.data(), m.size());
+    }
+    macs.push_back(std::string(t.data(), t.size()));
+  }
+  std::string lower = macs.empty() ? "" : macs[0];
+  for (char &c : lower) c = static_cast<char>(tolower(c));
   std::vector<std::vector<std::string>> mac_sets = {
       {},
       std::vector<std::string>(macs.begin(), macs.begin() + (macs.size() < 3 ? macs.size() : 3)),
       macs,
+      {lower, "", "00:11:22:33:44:55"},
   };
-  if (!macs.empty()) {
-    std::string lower = macs[0];
-    for (char &c : lower) c = static_cast<char>(tolower(c));
-    mac_sets.push_back({lower, "", "00:11:22:33:44:55"});
-  }
+  std::vector<std::string> texts(std::begin(kTexts), std::end(kTexts));
+  texts.push_back(macs.size() > 0 ? macs[0] : "");
+  texts.push_back(lower);
+  const int ints = static_cast<int>(sizeof kInts / sizeof kInts[0]);
+  const int extra = static_cast<int>(texts.size());
   std::vector<Call> calls;
   std::set<std::string> seen;
   for (size_t k = 0; k < catalogue::kNativeCount; ++k) {
     const catalogue::Native &n = catalogue::kNatives[k];
     if (strncmp(n.method, "get", 3) != 0) continue;
-    const int extra = static_cast<int>(sizeof kInts / sizeof kInts[0]);
     for (int set = 0; set < samples::kArgSets + extra; ++set) {
       std::vector<catalogue::Arg> args;
       if (set < samples::kArgSets) {
@@ -118,10 +134,10 @@ std::vector<Call> query_calls(fakejni::FakeJvm &jvm, const std::vector<std::stri
         for (const char *p = n.params; *p != '\0'; ++p) {
           catalogue::Arg a;
           switch (*p) {
-            case 'I': a.i = kInts[e]; break;
+            case 'I': a.i = kInts[e % ints]; break;
             case 'Z': a.z = e % 2 ? JNI_TRUE : JNI_FALSE; break;
-            case 'B': a.b = static_cast<jbyte>(kInts[e]); break;
-            case 'S': a.s = jvm.str(kTexts[e]); break;
+            case 'B': a.b = static_cast<jbyte>(kInts[e % ints]); break;
+            case 'S': a.s = jvm.str(texts[static_cast<size_t>(e)]); break;
             case 'A': a.a = jvm.array_of(mac_sets[static_cast<size_t>(e) % mac_sets.size()]); break;
             case 'Y': a.y = jvm.bytes_of("\x05"); break;
             default: break;

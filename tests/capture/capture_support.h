@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "capture/anonymize.h"
 #include "capture/capture.h"
 #include "tests/fake_jni.h"
 #include "tests/native_catalogue.h"
@@ -34,8 +35,10 @@ struct Call {
 
 // The natives that only ask the gateway (their names start with "get"), each with the sample
 // argument sets and more: SSID, port, WAN and flow numbers, interface and class names, and
-// the MACs given (those of the gateway's hosts). Identical argument lists once.
-std::vector<Call> query_calls(fakejni::FakeJvm &jvm, const std::vector<std::string> &macs);
+// the MACs given (those of the gateway's hosts), rewritten by `anon` when given (to ask an
+// anonymized capture about the same hosts). Identical argument lists once.
+std::vector<Call> query_calls(fakejni::FakeJvm &jvm, const std::vector<std::string> &macs,
+                              const capture::Anonymizer *anon = nullptr);
 
 // The reply of a call as text ("int 3", "text {...}").
 std::string reply_of(fakejni::FakeJvm &jvm, const Call &call);
