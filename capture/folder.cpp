@@ -48,8 +48,8 @@ bool Folder::create(const char *destination) {
   memcpy(partial_ + n, ".partial-XXXXXX", sizeof ".partial-XXXXXX");
   if (mkdtemp(partial_) == nullptr) {
     int error = errno;
-    char shown[2 * PATH_MAX + 8];
-    snprintf(shown, sizeof shown, "%s (for %s)", partial_, destination_);
+    char shown[2 * PATH_MAX + 32];
+    snprintf(shown, sizeof shown, "%s.partial-XXXXXX (for %s)", destination_, destination_);
     partial_[0] = '\0';
     return fail("cannot create the folder", shown, error);
   }
