@@ -1,7 +1,9 @@
-# The firmware packages (the host.packaging test): the OpenWrt package's install define and
+# The firmware packages (the host.packaging test): the OpenWrt packages' install defines and
 # the Buildroot package's target files name exactly the files the gateway's install step
-# produces (packaging/install-manifest-gateway.txt, prefix /usr, libdir lib), both build the
-# flash configuration against the vendor's libraries (no simulator), and both carry the
+# produces (packaging/install-manifest-gateway.txt, prefix /usr, libdir lib, bindir bin): the
+# runtime component in bundle-sc, the capture component in the OpenWrt package
+# bundle-sc-capture and behind the Buildroot option BR2_PACKAGE_BUNDLE_SC_CAPTURE; both build
+# the flash configuration against the vendor's libraries (no simulator), and both carry the
 # project's version.
 #   cmake -DSOURCE=<source> -DVERSION=<project version> -P check_packaging.cmake
 
@@ -14,12 +16,16 @@ endmacro()
 
 include("${CMAKE_CURRENT_LIST_DIR}/install_manifest.cmake")
 set(LIBDIR lib)
+set(BINDIR bin)
 set(FEATURES "")
-expected_files("${SOURCE}/packaging/install-manifest-gateway.txt" "usr" expected)
-list(SORT expected)
+expected_files("${SOURCE}/packaging/install-manifest-gateway.txt" "usr" runtime_files runtime)
+expected_files("${SOURCE}/packaging/install-manifest-gateway.txt" "usr" capture_files capture)
 
-function(same_files what listed)
+# same_files(<what> <listed> <component>)
+function(same_files what listed component)
+  set(expected "${${component}_files}")
   list(SORT listed)
+  list(SORT expected)
   if(NOT listed STREQUAL expected)
     set(failures "${failures}  ${what} installs [${listed}], the gateway's install step [${expected}]\n"
         PARENT_SCOPE)
@@ -43,7 +49,8 @@ if(NOT mk MATCHES "\nPKG_VERSION:=([^\n]*)\n" OR NOT CMAKE_MATCH_1 STREQUAL VERS
   fail("OpenWrt: PKG_VERSION is not ${VERSION}")
 endif()
 foreach(needle "include $(INCLUDE_DIR)/package.mk" "include $(INCLUDE_DIR)/cmake.mk"
-               "define Package/bundle-sc\n" "PKG_INSTALL:=1" "$(eval $(call BuildPackage,bundle-sc))")
+               "define Package/bundle-sc\n" "PKG_INSTALL:=1" "$(eval $(call BuildPackage,bundle-sc))"
+               "define Package/bundle-sc-capture\n" "$(eval $(call BuildPackage,bundle-sc-capture))")
   string(FIND "${mk}" "${needle}" at)
   if(at LESS 0)
     fail("OpenWrt: no ${needle}")
@@ -54,10 +61,18 @@ if(NOT mk MATCHES "\nCMAKE_OPTIONS \\+=(([^\n]*\\\\\n)*[^\n]*)")
 else()
   check_options("OpenWrt" "${CMAKE_MATCH_1}")
 endif()
-if(NOT mk MATCHES "\ndefine Package/bundle-sc/install\n(.*)\nendef")
-  fail("OpenWrt: no define Package/bundle-sc/install")
-else()
-  string(REGEX REPLACE "\nendef.*" "" body "${CMAKE_MATCH_1}")
+foreach(pkg_component "bundle-sc:runtime" "bundle-sc-capture:capture")
+  string(REPLACE ":" ";" pc "${pkg_component}")
+  list(GET pc 0 pkg)
+  list(GET pc 1 component)
+  if(NOT mk MATCHES "\ndefine Package/${pkg}/install\n([^\n]*\n)*endef")
+    fail("OpenWrt: no define Package/${pkg}/install")
+    continue()
+  endif()
+  string(FIND "${mk}" "\ndefine Package/${pkg}/install\n" at)
+  string(SUBSTRING "${mk}" ${at} -1 body)
+  string(REGEX REPLACE "^\ndefine Package/[^\n]*\n" "" body "${body}")
+  string(REGEX REPLACE "\nendef.*" "" body "${body}")
   string(REPLACE "\n" ";" body_lines "${body}")
   set(installed "")
   foreach(l IN LISTS body_lines)
@@ -94,8 +109,8 @@ else()
       list(APPEND installed "${path}")
     endforeach()
   endforeach()
-  same_files("OpenWrt" "${installed}")
-endif()
+  same_files("OpenWrt ${pkg}" "${installed}" ${component})
+endforeach()
 
 # --- Buildroot ------------------------------------------------------------------------------
 set(br "${SOURCE}/packaging/buildroot/bundle-sc")
@@ -121,11 +136,23 @@ else()
   string(REPLACE "\\\n" " " files "${CMAKE_MATCH_1}")
   string(STRIP "${files}" files)
   string(REGEX REPLACE "[ \t]+" ";" files "${files}")
-  same_files("Buildroot" "${files}")
+  same_files("Buildroot" "${files}" runtime)
+endif()
+if(NOT mk MATCHES "\nBUNDLE_SC_CAPTURE_TARGET_FILES =(([^\n]*\\\\\n)*[^\n]*)")
+  fail("Buildroot: no BUNDLE_SC_CAPTURE_TARGET_FILES")
+else()
+  string(REPLACE "\\\n" " " files "${CMAKE_MATCH_1}")
+  string(STRIP "${files}" files)
+  string(REGEX REPLACE "[ \t]+" ";" files "${files}")
+  same_files("Buildroot (capture)" "${files}" capture)
+endif()
+string(FIND "${mk}" "ifeq ($(BR2_PACKAGE_BUNDLE_SC_CAPTURE),y)\nBUNDLE_SC_TARGET_FILES += $(BUNDLE_SC_CAPTURE_TARGET_FILES)\nendif" at)
+if(at LESS 0)
+  fail("Buildroot: the capture files are not installed with BR2_PACKAGE_BUNDLE_SC_CAPTURE")
 endif()
 file(READ "${br}/Config.in" config)
 foreach(needle "config BR2_PACKAGE_BUNDLE_SC\n" "depends on BR2_mips\n"
-               "depends on BR2_TOOLCHAIN_USES_GLIBC\n")
+               "depends on BR2_TOOLCHAIN_USES_GLIBC\n" "config BR2_PACKAGE_BUNDLE_SC_CAPTURE\n")
   string(FIND "${config}" "${needle}" at)
   if(at LESS 0)
     fail("Buildroot: Config.in has no ${needle}")
@@ -135,4 +162,4 @@ endforeach()
 if(failures)
   message(FATAL_ERROR "packaging:\n${failures}")
 endif()
-message(STATUS "OpenWrt and Buildroot packages ${VERSION}: ${expected}")
+message(STATUS "OpenWrt and Buildroot packages ${VERSION}: ${runtime_files}, ${capture_files}")
