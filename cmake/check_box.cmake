@@ -1,9 +1,10 @@
 # Runs one shell script in the gateway in a box and checks its output: every text of the
 # .expect file (texts separated by lines "----") must appear, in that order.
-# -DSOURCE_DIR -DBUILD_DIR -DSCRIPT (.gosh) -DEXPECT (.expect)
+# -DSOURCE_DIR -DBUILD_DIR -DSCRIPT (.gosh) -DEXPECT (.expect) [-DBOX_ARGS=<a,b>: more options]
+string(REPLACE "," ";" BOX_ARGS "${BOX_ARGS}")
 execute_process(
   COMMAND bash "${SOURCE_DIR}/scripts/gateway-box.sh" --no-build --build-dir "${BUILD_DIR}"
-          --script "${SCRIPT}"
+          ${BOX_ARGS} --script "${SCRIPT}"
   OUTPUT_VARIABLE out ERROR_VARIABLE out RESULT_VARIABLE rc TIMEOUT 120)
 message("${out}")
 if(NOT rc EQUAL 0)

@@ -13,6 +13,7 @@ import bundlesc.sim.GatewaySim;
  * g! sim:clearlog                   empties the call log
  * g! sim:reset                      an empty gateway: no values, no programmed results
  * g! sim:load [PATH]                the default gateway again, or a state file or folder on top
+ *                                   (a bundle_sc-capture folder replaces the whole gateway)
  * g! sim:result FUNCTION RC         every later call of FUNCTION returns RC
  * </pre>
  * Sections of the configuration tree are named "tcapi NODE": quote them in the shell.

@@ -21,7 +21,11 @@ public final class GatewaySim {
     /** Resets, then loads the default simulated gateway; 0 on success. */
     public static native int loadDefault();
 
-    /** Loads a state file or a directory of *.ini files on top of the current state. */
+    /**
+     * Loads a state file or a directory of *.ini files on top of the current state; a folder
+     * captured by bundle_sc-capture replaces the whole gateway (one that is incomplete is
+     * refused). 0 on success.
+     */
     public static native int load(String path);
 
     /** Sets a value from raw bytes (for texts that are not UTF-8 on the gateway). */
