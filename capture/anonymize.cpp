@@ -136,4 +136,17 @@ void Anonymizer::address(const char *in, size_t n, Text *out) const {
   }
 }
 
+void Anonymizer::rewrite(Customer kind, const char *in, size_t n, Text *out) const {
+  switch (kind) {
+    case Customer::kPlain: out->append(in, n); break;
+    case Customer::kMac: mac_text(in, n, out); break;
+    case Customer::kAddress: address(in, n, out); break;
+    case Customer::kHost: name("host", in, n, out); break;
+    case Customer::kSsid: name("ssid", in, n, out); break;
+    case Customer::kNeighbour: name("neighbour", in, n, out); break;
+    case Customer::kGateway: name("gateway", in, n, out); break;
+    case Customer::kUser: name("user", in, n, out); break;
+  }
+}
+
 }  // namespace capture

@@ -22,6 +22,9 @@
 
 namespace capture {
 
+// What a text of customer data is, for its rewriting (kPlain: not customer data).
+enum class Customer { kPlain, kMac, kAddress, kHost, kSsid, kNeighbour, kGateway, kUser };
+
 class Anonymizer {
  public:
   explicit Anonymizer(bool on) : on_(on) {}
@@ -35,6 +38,8 @@ class Anonymizer {
   void mac_text(const char *in, size_t n, Text *out) const;
   void name(const char *kind, const char *in, size_t n, Text *out) const;
   void address(const char *in, size_t n, Text *out) const;
+  // Any of the above by kind (kPlain copies).
+  void rewrite(Customer kind, const char *in, size_t n, Text *out) const;
 
  private:
   uint64_t hash(const char *kind, const void *bytes, size_t n) const;

@@ -45,7 +45,7 @@ void make_header(const Context &c, const Options &o, Header *h) {
 
 void write_header(const Context &c, const Header &h, StateFile *f) {
   f->comment("The gateway %s, captured at %s by bundle_sc-capture %s.", h.line.data(), h.time,
-             BUNDLE_CAPTURE_VERSION);
+             version());
   f->comment("%s%s", c.opt.with_secrets ? "Secrets kept (--with-secrets)." : "Secrets masked as ******.",
              c.opt.anonymize ? " Customer data rewritten (--anonymize)." : "");
 }
@@ -61,7 +61,7 @@ void write_capture(const Context &c, const Header &h, bool complete, const char 
   f->comment("1 once every file is written; a folder with 0 does not load");
   f->number("complete", complete ? 1 : 0);
   f->text("tool", "bundle_sc-capture");
-  f->text("version", BUNDLE_CAPTURE_VERSION);
+  f->text("version", version());
   f->text("time", h.time);
   f->text("vendor", c.identity.vendor.data(), c.identity.vendor.size());
   f->text("product_class", c.identity.product_class.data(), c.identity.product_class.size());
@@ -95,6 +95,8 @@ const Domain kDomains[] = {
 };
 
 }  // namespace
+
+const char *version() { return BUNDLE_CAPTURE_VERSION; }
 
 int run(const Options &o) {
   Options opt = o;

@@ -14,7 +14,8 @@
 
 namespace capture {
 
-#define BUNDLE_CAPTURE_VERSION "1.0.0"
+// The tool's version: the project's (written into every capture's header).
+const char *version();
 
 struct Options {
   const char *out_dir = nullptr;  // the folder to create (must not exist, or be empty)

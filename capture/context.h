@@ -45,6 +45,13 @@ struct Context {
     ++o.calls;
   }
 
+  // A text of customer data as written: rewritten under --anonymize.
+  void customer(StateFile *f, const char *key, Customer kind, const char *text, size_t n) const;
+  template <size_t N>
+  void customer(StateFile *f, const char *key, Customer kind, const char (&field)[N]) const {
+    customer(f, key, kind, field, field_length(field, N));
+  }
+
   // A secret as written: kept with --with-secrets, otherwise masked (an empty one stays empty,
   // which says there is none).
   void secret(StateFile *f, const char *key, const char *field, size_t cap) const;

@@ -45,10 +45,8 @@ void capture_device(Context &c, StateFile *f) {
   char buf[256];
   if (CAPTURE_HAVE(c, brelo_deviceGetMac) &&
       read_text(c, k_brelo_deviceGetMac, buf, 128, [&](char *b) { return c.p.brelo_deviceGetMac(b); })) {
-    Text mac;
-    c.anon.mac_text(buf, field_length(buf, 128), &mac);
-    f->text("mac", mac.data(), mac.size());
-    c.identity.mac.append(mac.data(), mac.size());
+    c.customer(f, "mac", Customer::kMac, buf, field_length(buf, 128));
+    c.anon.rewrite(Customer::kMac, buf, field_length(buf, 128), &c.identity.mac);
   }
   // These answer with the figure itself.
   if (CAPTURE_HAVE(c, brelo_deviceGetUpTime)) {
@@ -80,9 +78,7 @@ void capture_device(Context &c, StateFile *f) {
   if (CAPTURE_HAVE(c, brelo_wlanGetDefaultSSIDName) &&
       read_text(c, k_brelo_wlanGetDefaultSSIDName, buf, sizeof buf,
                 [&](char *b) { return c.p.brelo_wlanGetDefaultSSIDName(b, sizeof buf); })) {
-    Text name;
-    c.anon.name("ssid", buf, field_length(buf), &name);
-    f->text("default_ssid1_name", name.data(), name.size());
+    c.customer(f, "default_ssid1_name", Customer::kSsid, buf);
   }
   if (CAPTURE_HAVE(c, brelo_wlanGetDefaultSSIDPasswd) &&
       read_text(c, k_brelo_wlanGetDefaultSSIDPasswd, buf, sizeof buf,

@@ -13,18 +13,10 @@ namespace {
 // A platform text has no stated bound: one longer than this is cut here.
 constexpr size_t kMaxRuleText = 65536;
 
-enum class Kind { kPlain, kMac, kAddress };
-
-void rule_text(Context &c, StateFile *f, const char *key, const char *text, Kind kind = Kind::kPlain) {
-  if (text == nullptr) return;
-  size_t n = strnlen(text, kMaxRuleText);
-  Text t;
-  switch (kind) {
-    case Kind::kMac: c.anon.mac_text(text, n, &t); break;
-    case Kind::kAddress: c.anon.address(text, n, &t); break;
-    case Kind::kPlain: t.append(text, n); break;
-  }
-  f->text(key, t.data(), t.size());
+// A rule's text: a key left out when the platform lists it as NULL.
+void rule_text(Context &c, StateFile *f, const char *key, const char *text,
+               Customer kind = Customer::kPlain) {
+  if (text != nullptr) c.customer(f, key, kind, text, strnlen(text, kMaxRuleText));
 }
 
 void capture_forward_rules(Context &c, StateFile *f) {
@@ -43,8 +35,8 @@ void capture_forward_rules(Context &c, StateFile *f) {
     rule_text(c, f, "remote_address", r.remote_address);
     rule_text(c, f, "remote_port", r.remote_port);
     rule_text(c, f, "protocol", r.protocol);
-    rule_text(c, f, "host_mac", r.host_mac, Kind::kMac);
-    rule_text(c, f, "forward_to_ip", r.forward_to_ip, Kind::kAddress);
+    rule_text(c, f, "host_mac", r.host_mac, Customer::kMac);
+    rule_text(c, f, "forward_to_ip", r.forward_to_ip, Customer::kAddress);
     f->number("forward_to_port", r.forward_to_port);
     free(r.remote_address);
     free(r.remote_port);
@@ -71,7 +63,7 @@ void capture_http_rules(Context &c, StateFile *f) {
     rule_text(c, f, "remote_address", r.remote_address);
     f->number("remote_port", r.remote_port);
     rule_text(c, f, "direction", r.direction);
-    rule_text(c, f, "host_mac", r.host_mac, Kind::kMac);
+    rule_text(c, f, "host_mac", r.host_mac, Customer::kMac);
     rule_text(c, f, "method_list", r.method_list);
     // The second list stays the platform's: read, never freed.
     if (r.second_list != nullptr && r.second_list[0] != '\0') rule_text(c, f, "second_list", r.second_list);

@@ -109,7 +109,6 @@ bool in_list(const Array<Host> &hosts, const Host &h, In in) {
   return false;
 }
 
-void write_text(StateFile *f, const char *key, const Text &t) { f->text(key, t.data(), t.size()); }
 
 }  // namespace
 
@@ -119,9 +118,7 @@ void capture_lan(Context &c, StateFile *f) {
     char name[1024] = {};
     int rc = c.p.brelo_sysGetGatewayName(name, sizeof name);
     c.noted(k_brelo_sysGetGatewayName, rc);
-    Text t;
-    c.anon.name("gateway", name, field_length(name), &t);
-    write_text(f, "gateway_name", t);
+    c.customer(f, "gateway_name", Customer::kGateway, name);
   }
   if (CAPTURE_HAVE(c, brelo_lanGetFilterMode)) {
     // A mode the platform does not write leaves the caller's value: it stays absent.
@@ -229,9 +226,9 @@ void capture_lan(Context &c, StateFile *f) {
   mac_list(c, h.all, order, blocked, &black);
   mac_list(c, h.all, order, trusted, &trust);
   mac_list(c, h.all, order, denied, &storage);
-  write_text(f, "black_list", black);
-  write_text(f, "trust_list", trust);
-  write_text(f, "storage_black_list", storage);
+  f->text("black_list", black.data(), black.size());
+  f->text("trust_list", trust.data(), trust.size());
+  f->text("storage_black_list", storage.data(), storage.size());
 
   for (size_t i = 0; i < order.size(); ++i) {
     const Host &host = h.all[static_cast<size_t>(order[i])];
@@ -242,18 +239,10 @@ void capture_lan(Context &c, StateFile *f) {
     char text[18];
     mac_text(mac, text);
     f->text("mac", text);
-    Text t;
-    c.anon.name("host", r.dhcp_name, field_length(r.dhcp_name), &t);
-    write_text(f, "dhcp_name", t);
-    t.clear();
-    c.anon.name("host", r.device_name, field_length(r.device_name), &t);
-    write_text(f, "device_name", t);
-    t.clear();
-    c.anon.address(r.ipv4, field_length(r.ipv4), &t);
-    write_text(f, "ip", t);
-    t.clear();
-    c.anon.address(r.ipv6, field_length(r.ipv6), &t);
-    write_text(f, "ipv6", t);
+    c.customer(f, "dhcp_name", Customer::kHost, r.dhcp_name);
+    c.customer(f, "device_name", Customer::kHost, r.device_name);
+    c.customer(f, "ip", Customer::kAddress, r.ipv4);
+    c.customer(f, "ipv6", Customer::kAddress, r.ipv6);
     f->number("port", r.attach_point);
     int online = host.online != 0 ? 1 : 0;
     f->number("online", online);

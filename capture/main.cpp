@@ -72,7 +72,7 @@ int main(int argc, char **argv) {
       fputs(kUsage, stdout);
       return capture::kCaptured;
     } else if (strcmp(a, "--version") == 0) {
-      printf("bundle_sc-capture %s\n", BUNDLE_CAPTURE_VERSION);
+      printf("bundle_sc-capture %s\n", capture::version());
       return capture::kCaptured;
     } else if (strcmp(a, "--with-secrets") == 0) {
       o.with_secrets = true;

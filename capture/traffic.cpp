@@ -31,8 +31,8 @@ void capture_traffic(Context &c, StateFile *f) {
     rule.attr("remotePort");
     rule.attr("direction");
     rule.attr("protocol");
-    rule.attr("hostMAC", TreeValue::kMac);
-    rule.attr("mirrorToIP", TreeValue::kAddress);
+    rule.attr("hostMAC", Customer::kMac);
+    rule.attr("mirrorToIP", Customer::kAddress);
     rule.attr("mirrorToPort");
   }
 }

@@ -61,7 +61,7 @@ void capture_tree(Context &c, StateFile *f) {
       node.attr("STARTPORT");
       node.attr("ENDPORT");
       node.attr("INTPORT");
-      node.attr("LOCALIP", TreeValue::kAddress);
+      node.attr("LOCALIP", Customer::kAddress);
       node.attr("MapName");
       node.attr("Active");
     }

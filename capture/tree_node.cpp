@@ -14,7 +14,7 @@ TreeNode::TreeNode(Context &c, StateFile *f, const char *fmt, ...) : c_(c), f_(f
   value_[0] = '\0';
 }
 
-bool TreeNode::attr(const char *name, TreeValue kind) {
+bool TreeNode::attr(const char *name, Customer kind) {
   value_[0] = '\0';
   if (!CAPTURE_HAVE(c_, tcapi_get)) return false;
   int rc = bundle::tree_get(node_, name, value_);
@@ -23,14 +23,7 @@ bool TreeNode::attr(const char *name, TreeValue kind) {
   if (!present) return false;
   if (!written_) f_->section("tcapi %s", node_);
   written_ = true;
-  size_t n = strlen(value_);
-  Text rewritten;
-  switch (kind) {
-    case TreeValue::kMac: c_.anon.mac_text(value_, n, &rewritten); break;
-    case TreeValue::kAddress: c_.anon.address(value_, n, &rewritten); break;
-    case TreeValue::kPlain: rewritten.append(value_, n); break;
-  }
-  f_->text(name, rewritten.data(), rewritten.size());
+  c_.customer(f_, name, kind, value_, strlen(value_));
   return true;
 }
 

@@ -10,15 +10,12 @@
 
 namespace capture {
 
-// How an attribute's value is rewritten under --anonymize.
-enum class TreeValue { kPlain, kMac, kAddress };
-
 class TreeNode {
  public:
   TreeNode(Context &c, StateFile *f, const char *fmt, ...) __attribute__((format(printf, 4, 5)));
 
   // Reads one attribute; returns whether the tree has it (its value in value()).
-  bool attr(const char *name, TreeValue kind = TreeValue::kPlain);
+  bool attr(const char *name, Customer kind = Customer::kPlain);
   const char *value() const { return value_; }
   bool found() const { return written_; }
   const char *node() const { return node_; }

@@ -31,16 +31,10 @@ void add_wan(Array<Wan> *wans, int index, const char *name, bool listed) {
 }
 
 // The PPPoE user name and the MACs are customer data; the other texts are the connection's.
-void write_wan_text(Context &c, StateFile *f, const char *key, const char *text, size_t n) {
-  Text t;
-  if (strcmp(key, "Username") == 0) {
-    c.anon.name("user", text, n, &t);
-  } else if (strcmp(key, "MACAddress") == 0) {
-    c.anon.mac_text(text, n, &t);
-  } else {
-    t.append(text, n);
-  }
-  f->text(key, t.data(), t.size());
+Customer kind_of(const char *key) {
+  if (strcmp(key, "Username") == 0) return Customer::kUser;
+  if (strcmp(key, "MACAddress") == 0) return Customer::kMac;
+  return Customer::kPlain;
 }
 
 void capture_connection(Context &c, StateFile *f, const Wan &w) {
@@ -60,7 +54,7 @@ void capture_connection(Context &c, StateFile *f, const Wan &w) {
     memset(text, 0, sizeof text);                                       \
     int getter_rc = c.p.fn(pvc, entry, text);                           \
     c.noted(k_##fn, getter_rc, text[0] != '\0');                        \
-    write_wan_text(c, f, key, text, field_length(text, sizeof text - 1));   \
+    c.customer(f, key, kind_of(key), text, field_length(text, sizeof text - 1)); \
   }
   CAPTURE_WAN_TEXT_GETTERS(CAPTURE_TEXT_GETTER)
 #undef CAPTURE_TEXT_GETTER

@@ -38,8 +38,6 @@ struct Radio {
   int on;
 };
 
-void write_name(StateFile *f, const char *key, const Text &t) { f->text(key, t.data(), t.size()); }
-
 // The radio an SSID goes on (see above); `radios` grows when a radio of its own is needed.
 int radio_for(Array<Radio> *radios, int index, int32_t standard) {
   int preferred = index >= 1 && index <= 4 ? 0 : 1;
@@ -135,12 +133,8 @@ void capture_radios_and_ssids(Context &c, StateFile *f) {
     f->number("radio", s.radio);
     f->number("enable", s.info.enabled);
     f->number("hidden", s.info.hidden);
-    Text t;
-    c.anon.mac_text(s.info.bssid, field_length(s.info.bssid), &t);
-    write_name(f, "bssid", t);
-    t.clear();
-    c.anon.name("ssid", s.info.ssid, field_length(s.info.ssid), &t);
-    write_name(f, "name", t);
+    c.customer(f, "bssid", Customer::kMac, s.info.bssid);
+    c.customer(f, "name", Customer::kSsid, s.info.ssid);
     c.secret(f, "password", s.password);
     f->number("encryption", s.info.encryption);
     f->number("wps_status", s.wps);
@@ -175,12 +169,8 @@ void capture_neighbours(Context &c, StateFile *f) {
       const WlanNeighborRecord &ap = list[i];
       f->section("wlan neighbour %d", ++section);
       f->number("radio", r);
-      Text t;
-      c.anon.name("neighbour", ap.ssid, field_length(ap.ssid), &t);
-      write_name(f, "ssid", t);
-      t.clear();
-      c.anon.mac_text(ap.bssid, field_length(ap.bssid), &t);
-      write_name(f, "bssid", t);
+      c.customer(f, "ssid", Customer::kNeighbour, ap.ssid);
+      c.customer(f, "bssid", Customer::kMac, ap.bssid);
       f->number("channel", ap.channel);
       f->number("rssi", ap.rssi);
       f->number("standard", ap.standard);
@@ -214,9 +204,7 @@ void capture_stations(Context &c, StateFile *f) {
     f->section("wlan station %d", i + 1);
     f->number("ssid_index", hosts[i].ssid_index);
     f->number("rssi", hosts[i].rssi);
-    Text t;
-    c.anon.mac_text(hosts[i].mac, field_length(hosts[i].mac), &t);
-    write_name(f, "mac", t);
+    c.customer(f, "mac", Customer::kMac, hosts[i].mac);
   }
   free(hosts);
   free(macs);
@@ -232,7 +220,7 @@ void capture_wlan_tree(Context &c, StateFile *f) {
   }
   for (int e = 0; e < kBandwidthEntries; ++e) {
     TreeNode node(c, f, "BandWidth_Entry%d", e);
-    node.attr("MAC", TreeValue::kMac);
+    node.attr("MAC", Customer::kMac);
     node.attr("upRate");
     node.attr("downRate");
   }

@@ -3,7 +3,8 @@
 # timed (best of three runs), whose folder the JVM and box tests replay; the run time is added
 # to the size record of the build (capture-size.txt), and both are printed.
 #   cmake -DTOOL=<bundle_sc-capture> [-DEMULATOR=<a,b,...>] -DOUT=<folder of the capture>
-#         -DREPORT=<capture-size.txt> -DTIER=<prefix> -P check_capture_tool.cmake
+#         -DREPORT=<capture-size.txt> -DTIER=<prefix> -DVERSION=<project version>
+#         -P check_capture_tool.cmake
 
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "," ";" EMULATOR "${EMULATOR}")
@@ -27,7 +28,7 @@ get_filename_component(work "${OUT}" DIRECTORY)
 file(REMOVE_RECURSE "${work}")
 file(MAKE_DIRECTORY "${work}")
 run(0 "usage: bundle_sc-capture [--with-secrets] [--anonymize] FOLDER" --help)
-run(0 "bundle_sc-capture 1.0.0" --version)
+run(0 "bundle_sc-capture ${VERSION}\n" --version)
 run(2 "bundle_sc-capture: no folder given")
 run(2 "bundle_sc-capture: unknown option --secrets" --secrets "${work}/x")
 run(2 "bundle_sc-capture: one folder only" "${work}/x" "${work}/y")

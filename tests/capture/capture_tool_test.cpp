@@ -101,11 +101,12 @@ TEST_F(CaptureTool, FolderHasTheHeaderAndTheSimulatorsLayout) {
   std::vector<std::string> expected;
   for (const char *f : kFiles) expected.push_back(out + "/" + f);
   EXPECT_EQ(corpus::files(out), expected);
-  for (const std::string &f : expected)
-    EXPECT_EQ(read_file(f).rfind("# The gateway Lumarest HGU-2000 FW3.4.10, MAC 00:1A:2B:3C:4D:5E, "
-                                 "captured at 2026-01-01T00:00:00Z by bundle_sc-capture " BUNDLE_CAPTURE_VERSION ".\n",
-                                 0), 0u)
-        << f;
+  std::string header = std::string("# The gateway Lumarest HGU-2000 FW3.4.10, MAC 00:1A:2B:3C:4D:5E, "
+                                    "captured at 2026-01-01T00:00:00Z by bundle_sc-capture ") +
+                       capture::version() + ".\n";
+  for (const std::string &f : expected) EXPECT_EQ(read_file(f).rfind(header, 0), 0u) << f;
+  EXPECT_NE(read_file(out + "/capture.ini").find(std::string("\nversion = ") + capture::version() + "\n"),
+            std::string::npos);
   std::string capture = read_file(out + "/capture.ini");
   EXPECT_NE(capture.find("\n[capture]\n"), std::string::npos);
   EXPECT_NE(capture.find("\ncomplete = 1\n"), std::string::npos);
