@@ -12,8 +12,8 @@
 #              off it `bundle_sc-simulator bundle_sc-capture FOLDER` captures the simulated one.
 #              A package of its own: the library's flash budget does not count it.
 #   java       the service classes without native code (bundle_sc-services.jar, for non-OSGi
-#              use and for compiling bundles), the bridge bundle and its Javadoc jar, in
-#              <datadir>/java.
+#              use and for compiling bundles), the bridge bundle and its Javadoc jar, the
+#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java.
 #
 # A firmware package installs the runtime component, a sub-package the capture component
 # (packaging/).
@@ -104,6 +104,11 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
     add_dependencies(install_jars reference)
     install(FILES "${BUNDLE_REFERENCE_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
     list(APPEND bundle_install_features reference)
+  endif()
+  if(TARGET reply_bundle)
+    add_dependencies(install_jars reply_bundle)
+    install(FILES "${BUNDLE_REPLY_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
+    list(APPEND bundle_install_features reply_bundle)
   endif()
 endif()
 
