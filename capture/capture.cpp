@@ -34,6 +34,11 @@ void make_header(const Context &c, const Options &o, Header *h) {
     strftime(h->time, sizeof h->time, "%Y-%m-%dT%H:%M:%SZ", &utc);
   }
   h->line.clear();
+  const Identity &id = c.identity;
+  if (id.vendor.size() + id.product_class.size() + id.firmware_version.size() + id.mac.size() == 0) {
+    h->line.append("(not identified)");
+    return;
+  }
   comment_text(&h->line, c.identity.vendor);
   h->line.append(' ');
   comment_text(&h->line, c.identity.product_class);
