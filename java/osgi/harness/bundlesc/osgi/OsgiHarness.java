@@ -76,21 +76,25 @@ public final class OsgiHarness {
      * with messages nobody has read.
      */
     enum Kind {
-        FELIX("felix", "org.apache.felix.framework", "4.6.", false),
-        EQUINOX("equinox", "org.eclipse.osgi", "3.18.", false),
+        /** Takes the processor from os.arch whatever the launcher configures. */
+        FELIX("felix", "org.apache.felix.framework", "4.6.", false, false),
+        EQUINOX("equinox", "org.eclipse.osgi", "3.18.", false, true),
         /** Gives a bundle a new class loader each time it starts, with its own library copy. */
-        KNOPFLERFISH("knopflerfish", "org.knopflerfish.framework", "8.0.", true);
+        KNOPFLERFISH("knopflerfish", "org.knopflerfish.framework", "8.0.", true, true);
 
         final String name;
         final String symbolicName;
         final String version;
         final boolean newLoaderOnStart;
+        final boolean keepsConfiguredProcessor;
 
-        Kind(String name, String symbolicName, String version, boolean newLoaderOnStart) {
+        Kind(String name, String symbolicName, String version, boolean newLoaderOnStart,
+             boolean keepsConfiguredProcessor) {
             this.name = name;
             this.symbolicName = symbolicName;
             this.version = version;
             this.newLoaderOnStart = newLoaderOnStart;
+            this.keepsConfiguredProcessor = keepsConfiguredProcessor;
         }
 
         static Kind named(String name) {
@@ -180,9 +184,9 @@ public final class OsgiHarness {
 
     /**
      * Launches the framework the class path holds: the first FrameworkFactory the service
-     * loader finds, given the launch properties file (if any) and a storage directory.
+     * loader finds, given the launch properties file (if any), a storage directory and `extra`.
      */
-    static Framework startFramework() throws Exception {
+    static Framework startFramework(Map<String, String> extra) throws Exception {
         Map<String, String> config = new HashMap<String, String>();
         String file = System.getProperty("bundlesc.osgi.properties", "");
         if (!file.isEmpty()) {
@@ -196,6 +200,7 @@ public final class OsgiHarness {
         }
         config.put("org.osgi.framework.storage", storage.toString());
         config.put("org.osgi.framework.storage.clean", "onFirstInit");
+        config.putAll(extra);
         FrameworkFactory factory = ServiceLoader.load(FrameworkFactory.class).iterator().next();
         Framework framework = factory.newFramework(config);
         framework.init();
@@ -283,7 +288,12 @@ public final class OsgiHarness {
             return null;
         }
         String file = mapped.iterator().next();
-        return file.startsWith(storage.toRealPath() + "/") ? file : null;
+        return inStorage(file) ? file : null;
+    }
+
+    /** True if `file` is in the framework's storage directory. */
+    static boolean inStorage(String file) throws IOException {
+        return file.startsWith(storage.toRealPath() + "/");
     }
 
     // ---- the replies outside the framework
@@ -350,7 +360,7 @@ public final class OsgiHarness {
 
     /** Starts the simulator, bridge and given probe bundles; answers the framework. */
     static Framework standard(String... probes) throws Exception {
-        Framework framework = startFramework();
+        Framework framework = startFramework(Collections.<String, String>emptyMap());
         BundleContext ctx = framework.getBundleContext();
         List<Bundle> bundles = new ArrayList<Bundle>();
         bundles.add(install(ctx, "bundlesc.sim.jar"));
@@ -399,8 +409,13 @@ public final class OsgiHarness {
                 .apply("device");
         info("getDeviceInfoJni inside the framework: " + device);
         check(device.startsWith("{\"Result\":0"), "getDeviceInfoJni answers from the simulated gateway");
-        check(mappedLibraries().size() == 2, "two copies of " + LIBRARY + " mapped (the plain "
-                + "loader's and the bundle's): " + mappedLibraries());
+        int inStorage = 0;
+        for (String file : mappedLibraries()) {
+            inStorage += inStorage(file) ? 1 : 0;
+        }
+        check(mappedLibraries().size() == 2 && inStorage == 1, "two copies of " + LIBRARY
+                + " mapped, the plain loader's and the bundle's from the framework's storage: "
+                + mappedLibraries());
         stopFramework(framework);
     }
 
@@ -530,7 +545,7 @@ public final class OsgiHarness {
     }
 
     static void earlyCall() throws Exception {
-        Framework framework = startFramework();
+        Framework framework = startFramework(Collections.<String, String>emptyMap());
         BundleContext ctx = framework.getBundleContext();
         install(ctx, "bundlesc.sim.jar").start();
         Bundle probe = install(ctx, probeJar("bundlesc.osgi.probe.a"));
@@ -587,9 +602,9 @@ public final class OsgiHarness {
 
     static void foreignProcessor() throws Exception {
         // Felix takes the processor from os.arch (a configured org.osgi.framework.processor is
-        // overwritten), so in every framework the bundle is the variant: the bridge bundle with
-        // a native clause for a processor other than this machine's only.
-        Framework framework = startFramework();
+        // overwritten), so in every framework the bundle is first the variant: the bridge bundle
+        // with a native clause for a processor other than this machine's only.
+        Framework framework = startFramework(Collections.<String, String>emptyMap());
         BundleContext ctx = framework.getBundleContext();
         Bundle bridge = null;
         try {
@@ -605,10 +620,33 @@ public final class OsgiHarness {
         }
         stillRunning(framework);
         stopFramework(framework);
+
+        // Then the bridge bundle itself, in a framework told it runs on a processor that no
+        // native clause names; Felix does not take the processor it is told.
+        framework = startFramework(Collections.singletonMap("org.osgi.framework.processor", "sparc"));
+        ctx = framework.getBundleContext();
+        String processor = ctx.getProperty("org.osgi.framework.processor");
+        if (!kind.keepsConfiguredProcessor) {
+            check(!"sparc".equals(processor), "a configured processor is replaced by os.arch's: "
+                    + processor);
+        } else {
+            check("sparc".equals(processor), "the configured processor is kept: " + processor);
+            bridge = install(ctx, BRIDGE + ".jar");
+            try {
+                bridge.start();
+                fail("the bridge bundle started on a processor it has no native clause for");
+            } catch (BundleException e) {
+                String text = logged(e);
+                check(text.toLowerCase().contains("native"), "the error names the native code");
+            }
+            check(bridge.getState() == Bundle.INSTALLED, "the bridge bundle stays installed");
+            check(framework.getState() == Bundle.ACTIVE, "the framework is still running");
+        }
+        stopFramework(framework);
     }
 
     static void noPlatformLibrary() throws Exception {
-        Framework framework = startFramework();
+        Framework framework = startFramework(Collections.<String, String>emptyMap());
         BundleContext ctx = framework.getBundleContext();
         Bundle bridge = install(ctx, BRIDGE + ".jar");
         try {
