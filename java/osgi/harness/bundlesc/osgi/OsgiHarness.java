@@ -77,24 +77,29 @@ public final class OsgiHarness {
      */
     enum Kind {
         /** Takes the processor from os.arch whatever the launcher configures. */
-        FELIX("felix", "org.apache.felix.framework", "4.6.", false, false),
-        EQUINOX("equinox", "org.eclipse.osgi", "3.18.", false, true),
-        /** Gives a bundle a new class loader each time it starts, with its own library copy. */
-        KNOPFLERFISH("knopflerfish", "org.knopflerfish.framework", "8.0.", true, true);
+        FELIX("felix", "org.apache.felix.framework", "4.6.", false, false, false),
+        EQUINOX("equinox", "org.eclipse.osgi", "3.18.", false, true, false),
+        /**
+         * Gives a bundle a new class loader each time it starts, with its own library copy; its
+         * event thread (not a daemon) outlives the stopped framework.
+         */
+        KNOPFLERFISH("knopflerfish", "org.knopflerfish.framework", "8.0.", true, true, true);
 
         final String name;
         final String symbolicName;
         final String version;
         final boolean newLoaderOnStart;
         final boolean keepsConfiguredProcessor;
+        final boolean threadOutlivesStop;
 
         Kind(String name, String symbolicName, String version, boolean newLoaderOnStart,
-             boolean keepsConfiguredProcessor) {
+             boolean keepsConfiguredProcessor, boolean threadOutlivesStop) {
             this.name = name;
             this.symbolicName = symbolicName;
             this.version = version;
             this.newLoaderOnStart = newLoaderOnStart;
             this.keepsConfiguredProcessor = keepsConfiguredProcessor;
+            this.threadOutlivesStop = threadOutlivesStop;
         }
 
         static Kind named(String name) {
@@ -129,9 +134,19 @@ public final class OsgiHarness {
         if (Files.exists(storage)) {
             fail("the framework storage " + storage + " was not removed");
         }
+        List<String> left = new ArrayList<String>();
+        for (Thread t : Thread.getAllStackTraces().keySet()) {
+            if (!t.isDaemon() && t != Thread.currentThread() && t.isAlive()) {
+                left.add(t.getName());
+            }
+        }
+        info("threads that would keep the VM running: " + left);
+        check(left.isEmpty() != kind.threadOutlivesStop, kind.threadOutlivesStop
+                ? "a thread of the stopped framework keeps the VM running: the launcher ends it"
+                : "the stopped framework leaves no thread that keeps the VM running");
         String name = "osgi " + kind.name + " " + scenario;
         System.out.println(failures == 0 ? name + ": passed" : name + ": " + failures + " failures");
-        // Knopflerfish's event thread is not a daemon and outlives the stopped framework.
+        // Ends the VM whatever threads the framework left, as a launcher must for Knopflerfish.
         System.exit(failures == 0 ? 0 : 1);
     }
 
