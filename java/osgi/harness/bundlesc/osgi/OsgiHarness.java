@@ -270,8 +270,8 @@ public final class OsgiHarness {
     }
 
     /**
-     * The copies of libbundle_sc.so this process has mapped, by file. Knopflerfish names the
-     * second and later copies of a bundle's library "N_libbundle_sc.so".
+     * The copies of libbundle_sc.so this process has mapped, by file. Knopflerfish names most
+     * of the copies it loads "N_libbundle_sc.so".
      */
     static Set<String> mappedLibraries() throws IOException {
         Set<String> files = new LinkedHashSet<String>();
