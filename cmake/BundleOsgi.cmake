@@ -150,14 +150,15 @@ set(osgi_felix_jar "${BUNDLE_FELIX_JAR}")
 set(osgi_felix_properties "${CMAKE_SOURCE_DIR}/java/osgi/framework.properties")
 set(osgi_equinox_jar "${BUNDLE_EQUINOX_JAR}")
 set(osgi_equinox_properties "")
+set(osgi_equinox_package libeclipse-osgi-java)
 set(osgi_knopflerfish_jar "${BUNDLE_KNOPFLERFISH_JAR}")
 set(osgi_knopflerfish_properties "")
+set(osgi_knopflerfish_package libknopflerfish-osgi-framework-java)
 foreach(fw equinox knopflerfish)
   if(NOT EXISTS "${osgi_${fw}_jar}")
     message(FATAL_ERROR "The ${fw} framework is not at ${osgi_${fw}_jar} (Debian package "
-                        "libeclipse-osgi-java for Equinox, libknopflerfish-osgi-framework-java "
-                        "for Knopflerfish; scripts/packages.sh lists them): the osgi.${fw}.* "
-                        "tests run the bridge bundle in it")
+                        "${osgi_${fw}_package}, in scripts/packages.sh): the osgi.${fw}.* tests "
+                        "run the bridge bundle in it")
   endif()
 endforeach()
 
