@@ -202,6 +202,11 @@ public final class OsgiHarness {
      * loader finds, given the launch properties file (if any), a storage directory and `extra`.
      */
     static Framework startFramework(Map<String, String> extra) throws Exception {
+        return launch(kind, storage, extra);
+    }
+
+    /** Launches framework `k` (the one on the class path) with its storage in `dir`. */
+    static Framework launch(Kind k, Path dir, Map<String, String> extra) throws Exception {
         Map<String, String> config = new HashMap<String, String>();
         String file = System.getProperty("bundlesc.osgi.properties", "");
         if (!file.isEmpty()) {
@@ -213,7 +218,7 @@ public final class OsgiHarness {
                 config.put(name, props.getProperty(name));
             }
         }
-        config.put("org.osgi.framework.storage", storage.toString());
+        config.put("org.osgi.framework.storage", dir.toString());
         config.put("org.osgi.framework.storage.clean", "onFirstInit");
         config.putAll(extra);
         FrameworkFactory factory = ServiceLoader.load(FrameworkFactory.class).iterator().next();
@@ -221,10 +226,9 @@ public final class OsgiHarness {
         framework.init();
         String version = framework.getVersion().toString();
         info("framework " + framework.getSymbolicName() + " " + version);
-        if (!kind.symbolicName.equals(framework.getSymbolicName())
-                || !version.startsWith(kind.version)) {
+        if (!k.symbolicName.equals(framework.getSymbolicName()) || !version.startsWith(k.version)) {
             throw new IllegalStateException("the class path holds " + framework.getSymbolicName()
-                    + " " + version + ", not " + kind.symbolicName + " " + kind.version + "x");
+                    + " " + version + ", not " + k.symbolicName + " " + k.version + "x");
         }
         framework.getBundleContext().addFrameworkListener(event -> {
             if (event.getType() == FrameworkEvent.ERROR) {
