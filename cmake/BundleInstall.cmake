@@ -74,7 +74,7 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
        "Implementation-Vendor: Lumarest\n")
   add_custom_command(OUTPUT "${BUNDLE_SERVICES_JAR}"
     COMMAND ${CMAKE_COMMAND} -E rm -rf "${services_classes}"
-    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options -parameters
             -d "${services_classes}" ${services_sources}
     COMMAND ${Java_JAR_EXECUTABLE} --create --file "${BUNDLE_SERVICES_JAR}"
             --manifest "${CMAKE_BINARY_DIR}/java/services-manifest.txt" -C "${services_classes}" .

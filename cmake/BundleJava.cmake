@@ -58,9 +58,11 @@ set(sdk_resources "${java_out}/gateway.properties" "${CMAKE_SOURCE_DIR}/java/sdk
 file(CONFIGURE OUTPUT "${java_out}/gateway.properties"
      CONTENT "bridge.version=${PROJECT_VERSION}\ngson.version=${BUNDLE_GATEWAY_GSON_VERSION}\n" @ONLY)
 
+# -parameters: the class files keep the parameter names (those of the reference's Javadoc), which
+# the console's listings show.
 add_custom_command(OUTPUT "${java_out}/classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${BUNDLE_JAVA_CLASSES}"
-  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options -parameters
           -cp "${BUNDLE_GSON_JAR}" -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
   COMMAND ${CMAKE_COMMAND} -E copy "${BUNDLE_SERVICE_CLASSES_LIST}"
           "${BUNDLE_JAVA_CLASSES}/bundlesc/console/service-classes.txt"
