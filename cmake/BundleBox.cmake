@@ -25,9 +25,9 @@ if(NOT TARGET bridge_bundle OR NOT TARGET sim_bundle)
   message(FATAL_ERROR "the gateway in a box needs the bridge and simulator bundles (cmake/BundleOsgi.cmake)")
 endif()
 
-# The console bundle: the console's classes (and its catalog) with the shell commands of
-# java/box/, importing the six service packages from the bridge bundle and the simulator's
-# control class where the simulator bundle is installed.
+# The console bundle: the console's classes (and its catalog) and the bundle check (java/sdk)
+# with the shell commands of java/box/, importing the six service packages from the bridge
+# bundle and the simulator's control class where the simulator bundle is installed.
 file(GLOB box_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/box/bundlesc/console/*.java")
 # One import a manifest line (a line continues on the next, which starts with a space).
 set(console_imports "")
@@ -36,6 +36,9 @@ foreach(pkg lanservices accessservices addressservices commservices transferserv
 endforeach()
 string(APPEND console_imports "com.google.gson;version=\"[2.7,3)\",\n com.google.gson.stream;version=\"[2.7,3)\",\n "
        "org.osgi.framework;version=\"[1.6,2)\",\n bundlesc.sim;resolution:=optional,\n "
+       # The box's check of the bundles installed later (a resolver hook).
+       "org.osgi.framework.hooks.resolver;version=\"[1.0,2)\";resolution:=optional,\n "
+       "org.osgi.framework.wiring;version=\"[1.0,2)\";resolution:=optional,\n "
        # The help texts' annotations: where Gogo is not the shell they are simply not there.
        "org.apache.felix.service.command;status=provisional;resolution:=optional")
 file(WRITE "${box_dir}/console.mf"
@@ -48,6 +51,8 @@ add_custom_command(OUTPUT "${BUNDLE_CONSOLE_JAR}"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${box_dir}/console"
   COMMAND ${CMAKE_COMMAND} -E copy_directory "${BUNDLE_JAVA_CLASSES}/bundlesc/console"
           "${box_dir}/console/bundlesc/console"
+  COMMAND ${CMAKE_COMMAND} -E copy_directory "${BUNDLE_JAVA_CLASSES}/bundlesc/sdk"
+          "${box_dir}/console/bundlesc/sdk"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
           -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}:${box_osgi_cp}:${BUNDLE_GOGO_RUNTIME_JAR}"
           -d "${box_dir}/console" ${box_sources}

@@ -140,7 +140,7 @@ public final class BundleCheck {
         return entries;
     }
 
-    static byte[] readAll(InputStream in) throws IOException {
+    public static byte[] readAll(InputStream in) throws IOException {
         ByteArrayOutputStream out = new ByteArrayOutputStream();
         byte[] buf = new byte[8192];
         for (int n = in.read(buf); n > 0; n = in.read(buf)) {
