@@ -8,8 +8,9 @@
 #              platform library), the default gateway's state in <datadir>/bundle_sc/gateway,
 #              and bin/bundle_sc-simulator, which runs a command (a JVM) against them.
 #   java       the service classes without native code (bundle_sc-services.jar, for non-OSGi
-#              use and for compiling bundles), the bridge bundle and its Javadoc jar, in
-#              <datadir>/java; the bundle developer's kit (cmake/BundleSdk.cmake).
+#              use and for compiling bundles), the bridge bundle and its Javadoc jar, the
+#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java; the bundle
+#              developer's kit (cmake/BundleSdk.cmake).
 #
 # A firmware package installs the runtime component alone (packaging/).
 
@@ -101,6 +102,11 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
     add_dependencies(install_jars reference)
     install(FILES "${BUNDLE_REFERENCE_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
     list(APPEND bundle_install_features reference)
+  endif()
+  if(TARGET reply_bundle)
+    add_dependencies(install_jars reply_bundle)
+    install(FILES "${BUNDLE_REPLY_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
+    list(APPEND bundle_install_features reply_bundle)
   endif()
 endif()
 

@@ -31,7 +31,8 @@ set(java_test_classes "${java_out}/test-classes")
 file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
      "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
      "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java"
-     "${CMAKE_SOURCE_DIR}/java/doc/*.java" "${CMAKE_SOURCE_DIR}/java/sdk/*.java")
+     "${CMAKE_SOURCE_DIR}/java/doc/*.java" "${CMAKE_SOURCE_DIR}/java/reply/*.java"
+     "${CMAKE_SOURCE_DIR}/java/sdk/*.java")
 file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
 
 # The console's catalog: the classes the library exports natives for, one binary name a line,
@@ -69,7 +70,7 @@ add_custom_command(OUTPUT "${java_out}/classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E copy ${sdk_resources} "${BUNDLE_JAVA_CLASSES}/bundlesc/sdk/"
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
   DEPENDS ${java_main_sources} "${BUNDLE_SERVICE_CLASSES_LIST}" ${sdk_resources}
-  COMMENT "Compiling the Java service classes, simulator control, console, benchmark and reference tool (Java 8)")
+  COMMENT "Compiling the Java service classes, simulator control, console, benchmark, reference tool, reply reader and bundle check (Java 8)")
 add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
@@ -156,3 +157,6 @@ include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
 
 # The bridge and simulator bundles, and the osgi.* tier.
 include("${CMAKE_CURRENT_LIST_DIR}/BundleOsgi.cmake")
+
+# The reply reader's bundle and its OSGi test.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleReply.cmake")

@@ -9,10 +9,11 @@
 # jar>", where @JAVADIR@ stands for the installed jar directory.
 set(BUNDLE_SDK_CLASSPATH
   "${BUNDLE_SERVICES_JAR}|@JAVADIR@/bundle_sc-services.jar"
-  # The OSGi framework API of the Felix the box runs (R5: org.osgi.framework 1.7), a subset of
-  # what the gateway's framework offers.
+  # The OSGi framework API of the Felix the box and the osgi tier run (4.6.1, OSGi R5:
+  # org.osgi.framework 1.7), a subset of what the gateway's framework offers.
   "${BUNDLE_FELIX_JAR}|${BUNDLE_FELIX_JAR}"
-  "${BUNDLE_GSON_JAR}|${BUNDLE_GSON_JAR}")
+  "${BUNDLE_GSON_JAR}|${BUNDLE_GSON_JAR}"
+  "${BUNDLE_REPLY_JAR}|@JAVADIR@/bundlesc.reply.jar")
 
 set(sdk_out "${CMAKE_BINARY_DIR}/sdk")
 set(BUNDLE_SDK_JAR "${sdk_out}/bundle_sc-sdk.jar")
@@ -50,7 +51,7 @@ add_custom_command(OUTPUT "${BUNDLE_SDK_JAR}" "${sdk_out}/MANIFEST.MF"
   DEPENDS "${CMAKE_BINARY_DIR}/java/classes.stamp" "${BUNDLE_SDK_MANIFEST}"
   COMMENT "The bundle developer's kit (bundle_sc-sdk.jar)")
 add_custom_target(sdk_kit ALL DEPENDS "${BUNDLE_SDK_JAR}" "${sdk_out}/MANIFEST.MF")
-add_dependencies(sdk_kit java_classes services_jar)
+add_dependencies(sdk_kit java_classes services_jar reply_bundle)
 
 install(FILES "${BUNDLE_SDK_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
 install(PROGRAMS "${sdk_out}/installed/bundle_sc-check-bundle" DESTINATION "${CMAKE_INSTALL_BINDIR}"

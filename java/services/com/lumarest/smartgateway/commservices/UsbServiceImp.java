@@ -198,6 +198,9 @@ public class UsbServiceImp {
      * getStorageInfoJni
      * {"Result":0,"List":[{"storagePath":"/mnt/usb1_1","totalStorage":15512064,"validStorage":9830400},{"storagePath":"/mnt/usb2_1","totalStorage":61865984,"validStorage":61410304}]}
      * }</pre>
+     * @oddity MISSING_VALUE A volume whose size the gateway leaves empty gives {@code "totalStorage":,}.
+     * @oddity BARE_VALUE The sizes go in as the gateway's texts, so a size that is no number (e.g.
+     *     {@code n/a}) is no JSON value.
      */
     public native String getStorageInfoJni();
 }

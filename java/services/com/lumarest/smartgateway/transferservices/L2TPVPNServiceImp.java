@@ -93,6 +93,8 @@ public class L2TPVPNServiceImp {
      * getConnectedIpListJni
      * {"Result":0,"ips":[]}
      * }</pre>
+     * @oddity BARE_VALUE The addresses go between the brackets as the gateway lists them: a list
+     *     without quotes reads {@code [10.255.0.6,10.255.0.1]}.
      */
     public native String getConnectedIpListJni();
 

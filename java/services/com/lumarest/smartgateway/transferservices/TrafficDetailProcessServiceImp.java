@@ -106,6 +106,8 @@ public class TrafficDetailProcessServiceImp {
      * getHTTPTrafficProcessRuleInfoJni
      * {"Result":0,"List":[{"RemoteAddress":"198.51.100.80","RemotePort":"80","Direction":"UP","HostMAC":"F0:18:98:4B:7E:21","MethodList":["GET","POST"],"HeaderList":["Host","User-Agent"],"BundleName":"com.lumarest.parental"}]}
      * }</pre>
+     * @oddity BARE_VALUE The method and header lists go between the brackets as the gateway keeps
+     *     them: a list kept without quotes reads {@code [GET,POST]}.
      */
     public native String getHTTPTrafficProcessRuleInfoJni();
 }

@@ -31,6 +31,7 @@ public class VoIPInfoQueryServiceImp {
      * getPOTSInfoJni
      * {"Result":0,"POTSNum":2,"Info":[{"POTSIndex":1,"PhoneNumber":"02150001001","LineStatus":"SUCCESS"},{"POTSIndex":2,"PhoneNumber":"02150001002","LineStatus":"ACCOUNTERR"}]}
      * }</pre>
+     * @oddity CUT_SHORT A list longer than the reply's 1023 characters is cut there.
      */
     public native String getPOTSInfoJni();
 }
