@@ -89,6 +89,10 @@ add_custom_command(OUTPUT "${BUNDLE_SAMPLE_JAR}"
 add_custom_target(sample_bundles ALL DEPENDS "${BUNDLE_SAMPLE_JAR}")
 add_dependencies(sample_bundles java_classes)
 
+# What fails a box test wherever it appears: JNI misuse, a bundle the framework could not start,
+# a shell command that threw, a shell stuck at its stop, Gson's own words in a message, the
+# console's options in the shell.
+set(BUNDLE_BOX_FAILURES "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|ERROR: Bundle|gogo: |FAILED TO STOP|setLenient|--list|--help")
 if(bundle_java_tests)
   # tests/osgi/box/<name>.gosh: shell commands run as a script, one a line; <name>.typed: commands
   # typed at the prompt (@BUNDLE_SAMPLE_JAR@ and the like replaced); <name>.expect: texts the
@@ -106,9 +110,6 @@ if(bundle_java_tests)
               "-DEXPECT=${CMAKE_SOURCE_DIR}/tests/osgi/box/${name}.expect"
               -P "${CMAKE_SOURCE_DIR}/cmake/check_box.cmake")
     set_tests_properties(osgi.box-${name} PROPERTIES
-      RESOURCE_LOCK gateway_flag_files TIMEOUT 180
-      # JNI misuse, a bundle the framework could not start, a shell command that threw, a shell
-      # stuck at its stop, Gson's own words in a message, the console's options in the shell.
-      FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|ERROR: Bundle|gogo: |FAILED TO STOP|setLenient|--list|--help")
+      RESOURCE_LOCK gateway_flag_files TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
   endforeach()
 endif()

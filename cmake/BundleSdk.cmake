@@ -58,3 +58,18 @@ install(PROGRAMS "${sdk_out}/installed/bundle_sc-check-bundle" DESTINATION "${CM
         COMPONENT java)
 install(FILES "${BUNDLE_SDK_MANIFEST}" DESTINATION "${CMAKE_INSTALL_DATADIR}/bundle_sc/sdk" COMPONENT java)
 list(APPEND bundle_install_features sdk)
+
+# "Your first bundle" as the documentation writes it, built with this kit and run in the box; the
+# same bundle built for Java 17, refused; a bundle using Gson API newer than the gateway's.
+if(bundle_java_tests AND TARGET console_bundle)
+  foreach(mode first-bundle java17 newer-gson)
+    set(name "${mode}")
+    if(mode STREQUAL "java17")
+      set(name "java17-refused")
+    endif()
+    add_test(NAME osgi.box-${name}
+      COMMAND bash "${CMAKE_SOURCE_DIR}/tests/sdk/first-bundle.sh" "${CMAKE_SOURCE_DIR}" "${CMAKE_BINARY_DIR}" ${mode})
+    set_tests_properties(osgi.box-${name} PROPERTIES
+      RESOURCE_LOCK gateway_flag_files TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
+  endforeach()
+endif()
