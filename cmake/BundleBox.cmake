@@ -110,6 +110,6 @@ if(bundle_java_tests)
               "-DEXPECT=${CMAKE_SOURCE_DIR}/tests/osgi/box/${name}.expect"
               -P "${CMAKE_SOURCE_DIR}/cmake/check_box.cmake")
     set_tests_properties(osgi.box-${name} PROPERTIES
-      RESOURCE_LOCK gateway_flag_files TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
+      TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
   endforeach()
 endif()

@@ -141,7 +141,6 @@ if(BUILD_TESTING AND NOT BUNDLE_SANITIZE AND NOT BUNDLE_HARDENED)
   add_test(NAME ${BUNDLE_TEST_PREFIX}install
     COMMAND ${CMAKE_COMMAND} ${install_args} -P "${CMAKE_SOURCE_DIR}/cmake/check_install.cmake")
   set_tests_properties(${BUNDLE_TEST_PREFIX}install PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   if(NOT CMAKE_CROSSCOMPILING)
     add_test(NAME ${BUNDLE_TEST_PREFIX}packaging

@@ -129,11 +129,15 @@ if(bundle_java_tests)
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
   list(APPEND jvm_test_names jvm.services)
   set_tests_properties(${jvm_test_names} PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
-    # The simulator's route tool and resolver stand in for the machine's.
+    # The simulator's route tool and resolver stand in for the machine's (and the gateway's
+    # flag files are in a folder of the entry's own: the end of CMakeLists.txt).
     ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     # -Xcheck:jni reports misuse as warnings; any of them fails the test.
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+  # ctest runs entries side by side: the longest start first (the soak and the deep-stack
+  # test run whole JVMs of their own for many seconds), so no core idles at the end.
+  set_tests_properties(jvm.SoakTest PROPERTIES COST 1000)
+  set_tests_properties(jvm.DeepStackTest jvm.services PROPERTIES COST 300)
 endif()
 
 if(bundle_java_tests)
@@ -147,7 +151,6 @@ if(bundle_java_tests)
             -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()

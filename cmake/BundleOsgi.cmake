@@ -214,6 +214,5 @@ add_test(NAME osgi.bundle-contents
           -DMIPS=${BUNDLE_OSGI_MIPS} "-DPACKAGES=${BUNDLE_PACKAGES}"
           -P "${CMAKE_SOURCE_DIR}/cmake/osgi_check_bundle.cmake")
 set_tests_properties(${osgi_test_names} PROPERTIES
-  RESOURCE_LOCK gateway_flag_files
   TIMEOUT 120
   FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")

@@ -70,6 +70,6 @@ if(bundle_java_tests AND TARGET console_bundle)
     add_test(NAME osgi.box-${name}
       COMMAND bash "${CMAKE_SOURCE_DIR}/tests/sdk/first-bundle.sh" "${CMAKE_SOURCE_DIR}" "${CMAKE_BINARY_DIR}" ${mode})
     set_tests_properties(osgi.box-${name} PROPERTIES
-      RESOURCE_LOCK gateway_flag_files TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
+      TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
   endforeach()
 endif()

@@ -25,6 +25,8 @@ while (($#)); do
     *) echo "gateway-box.sh: unknown argument $1 (--help shows the usage)" >&2; exit 2 ;;
   esac
 done
+# A relative build directory is taken from where the box is started.
+build=$(realpath -m "$build")
 
 if ((do_build)); then
   source "$here/scripts/packages.sh"
@@ -33,7 +35,7 @@ if ((do_build)); then
   cmake --build "$build" -j"$(nproc)" >/dev/null
 fi
 
-build=$(cd "$build" && pwd) || { echo "gateway-box.sh: no build directory $build" >&2; exit 2; }
+[[ -d "$build" ]] || { echo "gateway-box.sh: no build directory $build" >&2; exit 2; }
 osgi="$build/osgi"
 launcher="$osgi/box/launcher.jar"
 java_dir=/usr/share/java
