@@ -41,6 +41,13 @@ const char *sim_get(const char *section, const char *key);
 
 // Every later call of `fn` returns `rc` instead of its usual result.
 void sim_program_result(const char *fn, int rc);
+// `fn` returns its usual result again.
+void sim_clear_result(const char *fn);
+// 1 when the simulated libbrelo.so.1 or libtcapi.so.1 has a function `fn`, 0 when neither has,
+// -1 when neither library can be opened to tell.
+int sim_platform_function(const char *fn);
+// 1 when the state has a section of that name (possibly empty), else 0.
+int sim_section_exists(const char *section);
 
 // `hook(fn, ctx)` runs at every later call of `fn`, after the call is logged and before the
 // function produces its outputs.
@@ -54,6 +61,9 @@ void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx);
 // sim_set_log_limit) the oldest lines are dropped, keeping about the last half of the limit,
 // so a long run does not grow without end.
 const char *sim_log(void);
+// The same lines, each call that has returned followed by " -> <its return code>" (for people
+// reading the log; sim_log's lines are what tests compare).
+const char *sim_log_results(void);
 void sim_clear_log(void);
 // Number of logged calls of `fn` (among the lines the log still holds).
 int sim_log_count(const char *fn);

@@ -1,6 +1,7 @@
 // The simulated gateway's state, call log and programmed results.
 #include <dirent.h>
 #include <dlfcn.h>
+#include <link.h>
 #include <limits.h>
 #include <sys/stat.h>
 #include <errno.h>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <deque>
 #include <iterator>
 #include <list>
 #include <map>
@@ -52,13 +54,26 @@ struct Hook {
   void *ctx;
 };
 
+// One call in the log: its number (counted over the whole run, never reset), where its text
+// starts (counted from the log's first byte since it was last emptied, so dropping old lines
+// moves nothing) and what the function returned, once it has.
+struct LoggedCall {
+  unsigned long long serial;
+  size_t start;
+  int rc;
+  bool returned;
+};
+
 // The call log: the lines, and how many lines begin with each function name (so counting a
 // function's calls does not rescan the text). When the text grows past `limit` bytes the
-// oldest lines are dropped, so about the last half of the limit stays.
+// oldest lines are dropped, so about the last half of the limit stays. Beside the text, the
+// calls with their return codes (sim_log_results); the text itself stays "fn(arguments)".
 struct CallLog {
   std::string text;
   std::unordered_map<std::string, int> counts;
   size_t limit = 0;  // 0: the default
+  std::deque<LoggedCall> calls;
+  size_t dropped = 0;  // bytes dropped from the front of the text
 };
 
 struct World {
@@ -83,6 +98,19 @@ struct World {
 
 std::recursive_mutex g_mutex;
 World g_world;
+
+// The number of the next logged call, over the whole run.
+unsigned long long g_next_call = 1;
+
+// The last calls this thread logged, so that their return codes find them (a simulated
+// function may call another, so a few are kept).
+struct PendingCall {
+  unsigned long long serial;
+  const char *fn;
+};
+constexpr unsigned kPendingCalls = 4;
+thread_local PendingCall t_pending[kPendingCalls];
+thread_local unsigned t_next_pending = 0;
 
 // Bumped by every change of the state (values, sections, loads, resets), never reset: caches
 // derived from the state compare it with the generation they were built from.
@@ -125,9 +153,11 @@ void count_lines(const char *piece, size_t n, int delta) {
   }
 }
 
-void append_log(const char *fn, const char *args) {
+unsigned long long append_log(const char *fn, const char *args) {
   CallLog &log = g_world.log;
   size_t start = log.text.size();
+  unsigned long long serial = g_next_call++;
+  log.calls.push_back(LoggedCall{serial, log.dropped + start, 0, false});
   log.text += fn;
   log.text += '(';
   log.text += args;
@@ -141,7 +171,28 @@ void append_log(const char *fn, const char *args) {
     cut = nl == std::string::npos ? log.text.size() : nl + 1;
     count_lines(log.text.data(), cut, -1);
     log.text.erase(0, cut);
+    log.dropped += cut;
+    while (!log.calls.empty() && log.calls.front().start < log.dropped) log.calls.pop_front();
   }
+  return serial;
+}
+
+// The log's text with " -> <return code>" at the end of each call whose function has returned.
+std::string log_with_results(const CallLog &log) {
+  std::string out;
+  size_t at = 0;  // in log.text
+  for (size_t i = 0; i < log.calls.size(); ++i) {
+    size_t start = log.calls[i].start - log.dropped;
+    size_t end = i + 1 < log.calls.size() ? log.calls[i + 1].start - log.dropped : log.text.size();
+    out.append(log.text, at, start - at);  // the rest of a call whose start was dropped
+    size_t body = end > start && log.text[end - 1] == '\n' ? end - 1 : end;
+    out.append(log.text, start, body - start);
+    if (log.calls[i].returned) out += " -> " + std::to_string(log.calls[i].rc);
+    out.append(log.text, body, end - body);
+    at = end;
+  }
+  out.append(log.text, at, std::string::npos);
+  return out;
 }
 
 Section *find_section(std::string_view name) {
@@ -435,7 +486,9 @@ void call(const char *fn, const char *argfmt, ...) {
   {
     std::lock_guard<std::recursive_mutex> g(g_mutex);
     ensure_init();
-    if (log_on) append_log(fn, args);
+    if (log_on) {
+      t_pending[t_next_pending++ % kPendingCalls] = PendingCall{append_log(fn, args), fn};
+    }
     if (!g_world.hooks.empty()) {
       auto it = g_world.hooks.find(fn);
       if (it != g_world.hooks.end()) hook = it->second;
@@ -444,11 +497,29 @@ void call(const char *fn, const char *argfmt, ...) {
   if (hook.fn != nullptr) hook.fn(fn, hook.ctx);
 }
 
+int returns(const char *fn, int rc) {
+  if (!logging()) return rc;
+  // This thread's latest logged call of fn.
+  for (unsigned i = 1; i <= kPendingCalls; ++i) {
+    const PendingCall &p = t_pending[(t_next_pending - i) % kPendingCalls];
+    if (p.fn == nullptr || strcmp(p.fn, fn) != 0) continue;
+    std::lock_guard<std::recursive_mutex> g(g_mutex);
+    std::deque<LoggedCall> &calls = g_world.log.calls;
+    if (!calls.empty() && p.serial >= calls.front().serial && p.serial - calls.front().serial < calls.size()) {
+      LoggedCall &call = calls[p.serial - calls.front().serial];
+      call.rc = rc;
+      call.returned = true;
+    }
+    break;
+  }
+  return rc;
+}
+
 int result(const char *fn, int usual) {
-  if (g_result_count.load() == 0) return usual;
+  if (g_result_count.load() == 0) return returns(fn, usual);
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   auto it = g_world.results.find(fn);
-  return it != g_world.results.end() ? it->second : usual;
+  return returns(fn, it != g_world.results.end() ? it->second : usual);
 }
 
 bool has_result(const char *fn) {
@@ -622,6 +693,38 @@ SIM_EXPORT void sim_program_result(const char *fn, int rc) {
   g_result_count.store(static_cast<int>(g_world.results.size()));
 }
 
+SIM_EXPORT void sim_clear_result(const char *fn) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  g_world.results.erase(fn);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+}
+
+SIM_EXPORT int sim_platform_function(const char *fn) {
+  int opened = 0;
+  for (const char *soname : {"libbrelo.so.1", "libtcapi.so.1"}) {
+    void *lib = dlopen(soname, RTLD_LAZY | RTLD_NOLOAD);
+    if (lib == nullptr) lib = dlopen(soname, RTLD_LAZY);
+    if (lib == nullptr) continue;
+    ++opened;
+    // Defined by the library itself, not by one it depends on (the simulator's own control).
+    void *sym = dlsym(lib, fn);
+    Dl_info where;
+    struct link_map *map = nullptr;
+    bool found = sym != nullptr && dladdr(sym, &where) != 0 && dlinfo(lib, RTLD_DI_LINKMAP, &map) == 0 &&
+                 map != nullptr && where.dli_fname != nullptr && strcmp(where.dli_fname, map->l_name) == 0;
+    dlclose(lib);
+    if (found) return 1;
+  }
+  return opened == 0 ? -1 : 0;
+}
+
+SIM_EXPORT int sim_section_exists(const char *section) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  return find_section(section) != nullptr ? 1 : 0;
+}
+
 SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
@@ -638,10 +741,18 @@ SIM_EXPORT const char *sim_log(void) {
   return g_world.log_copy.c_str();
 }
 
+SIM_EXPORT const char *sim_log_results(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  g_world.log_copy = log_with_results(g_world.log);
+  return g_world.log_copy.c_str();
+}
+
 SIM_EXPORT void sim_clear_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   g_world.log.text.clear();
   g_world.log.counts.clear();
+  g_world.log.calls.clear();
+  g_world.log.dropped = 0;
 }
 
 SIM_EXPORT int sim_log_count(const char *fn) {
