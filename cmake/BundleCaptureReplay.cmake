@@ -18,7 +18,7 @@ add_test(NAME jvm.capture-state
           -DSESSION=${CMAKE_SOURCE_DIR}/scripts/demo.batch
           -P "${CMAKE_SOURCE_DIR}/cmake/check_capture_replay.cmake")
 set_tests_properties(jvm.capture-state PROPERTIES
-  FIXTURES_REQUIRED host.capture_default RESOURCE_LOCK gateway_flag_files
+  FIXTURES_REQUIRED host.capture_default
   FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
 
 if(TEST osgi.box-capture)
@@ -32,6 +32,5 @@ if(TEST osgi.box-capture)
             "-DEXPECT=${CMAKE_SOURCE_DIR}/tests/capture/box-state.expect"
             -P "${CMAKE_SOURCE_DIR}/cmake/check_box.cmake")
   set_tests_properties(osgi.box-state PROPERTIES
-    FIXTURES_REQUIRED host.capture_default RESOURCE_LOCK gateway_flag_files TIMEOUT 180
-    FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|ERROR: Bundle|gogo: ")
+    FIXTURES_REQUIRED host.capture_default TIMEOUT 180 FAIL_REGULAR_EXPRESSION "${BUNDLE_BOX_FAILURES}")
 endif()

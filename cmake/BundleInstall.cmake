@@ -13,7 +13,8 @@
 #              A package of its own: the library's flash budget does not count it.
 #   java       the service classes without native code (bundle_sc-services.jar, for non-OSGi
 #              use and for compiling bundles), the bridge bundle and its Javadoc jar, the
-#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java.
+#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java; the bundle
+#              developer's kit (cmake/BundleSdk.cmake).
 #
 # A firmware package installs the runtime component, a sub-package the capture component
 # (packaging/).
@@ -82,7 +83,7 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
        "Implementation-Vendor: Lumarest\n")
   add_custom_command(OUTPUT "${BUNDLE_SERVICES_JAR}"
     COMMAND ${CMAKE_COMMAND} -E rm -rf "${services_classes}"
-    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options -parameters
             -d "${services_classes}" ${services_sources}
     COMMAND ${Java_JAR_EXECUTABLE} --create --file "${BUNDLE_SERVICES_JAR}"
             --manifest "${CMAKE_BINARY_DIR}/java/services-manifest.txt" -C "${services_classes}" .
@@ -91,6 +92,11 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
   add_custom_target(services_jar ALL DEPENDS "${BUNDLE_SERVICES_JAR}")
   install(FILES "${BUNDLE_SERVICES_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
   list(APPEND bundle_install_features services_jar)
+
+  # The bundle developer's kit, when this build compiles the Java side.
+  if(TARGET java_classes)
+    include("${CMAKE_CURRENT_LIST_DIR}/BundleSdk.cmake")
+  endif()
 
   # The bridge bundle and its Javadoc jar, when this build makes them; built by `all` so that
   # `cmake --install` finds them.
@@ -143,7 +149,6 @@ if(BUILD_TESTING AND NOT BUNDLE_SANITIZE AND NOT BUNDLE_HARDENED)
   add_test(NAME ${BUNDLE_TEST_PREFIX}install
     COMMAND ${CMAKE_COMMAND} ${install_args} -P "${CMAKE_SOURCE_DIR}/cmake/check_install.cmake")
   set_tests_properties(${BUNDLE_TEST_PREFIX}install PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
   if(NOT CMAKE_CROSSCOMPILING)
     add_test(NAME ${BUNDLE_TEST_PREFIX}packaging

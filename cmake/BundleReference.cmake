@@ -110,7 +110,6 @@ if(bundle_java_tests)
             --select-class bundlesc.console.ReferenceExamplesTests
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.reference-examples")
   set_tests_properties(jvm.reference-examples PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
 endif()

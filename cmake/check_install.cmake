@@ -112,6 +112,30 @@ if(MODE STREQUAL "host")
     message(SEND_ERROR "install: bundle_sc-simulator without a command: ${rc} ${usage}")
   endif()
 
+  # The installed kit: its class path names the installed jars, and its check takes the
+  # installed bridge bundle.
+  if("sdk" IN_LIST FEATURES)
+    set(check "${full}/usr/${BINDIR}/bundle_sc-check-bundle")
+    execute_process(COMMAND "${check}" --classpath RESULT_VARIABLE rc OUTPUT_VARIABLE cp
+                    OUTPUT_STRIP_TRAILING_WHITESPACE)
+    string(REPLACE ":" ";" jars "${cp}")
+    list(GET jars 0 services)
+    if(NOT rc EQUAL 0 OR NOT services STREQUAL "${full}/usr/${JAVADIR}/bundle_sc-services.jar")
+      message(SEND_ERROR "install: bundle_sc-check-bundle --classpath: ${rc} ${cp}")
+    endif()
+    foreach(jar IN LISTS jars)
+      if(NOT EXISTS "${jar}")
+        message(SEND_ERROR "install: the kit's class path names ${jar}, which is not there")
+      endif()
+    endforeach()
+    execute_process(COMMAND "${check}" "${full}/usr/${JAVADIR}/com.lumarest.smartgateway.bridge.jar"
+                    RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE out)
+    message(STATUS "installed kit: ${out}")
+    if(NOT rc EQUAL 0 OR NOT out MATCHES "fits the gateway")
+      message(SEND_ERROR "install: the installed bundle_sc-check-bundle failed (${rc})")
+    endif()
+  endif()
+
   # A JVM with the installed jar, library and simulator. The installed state is marked, so the
   # reply shows that the installed simulator read it (and not the source tree's).
   if("services_jar" IN_LIST FEATURES)

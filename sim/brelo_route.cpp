@@ -124,9 +124,9 @@ int delete_route(const char *fn, const char *prefix, int routeId) {
   if (sim::has_result(fn)) return sim::result(fn, 0);
   sim::Guard guard;
   std::string section = prefix + std::to_string(routeId);
-  if (sim::entry_count(section.c_str()) == 0) return -1;
+  if (sim::entry_count(section.c_str()) == 0) return sim::returns(fn, -1);
   sim::remove_section(section.c_str());
-  return 0;
+  return sim::returns(fn, 0);
 }
 
 }  // namespace
@@ -205,16 +205,16 @@ SIM_EXPORT int brelo_routeAddIp4ForwardingStatic(const char *dstIPAddr, const ch
   if (!ipv4_text(dstIPAddr) || !ipv4_text(dstSubMask) || gatewayIPAddr == nullptr ||
       (gatewayIPAddr[0] != '\0' && !ipv4_text(gatewayIPAddr)) || interfaceName == nullptr ||
       interfaceName[0] == '\0')
-    return -1;
+    return sim::returns(fn, -1);
   sim::Guard guard;
   int id = free_route_id(kIp4Static);
-  if (id < 0) return -1;
+  if (id < 0) return sim::returns(fn, -1);
   std::string s = kIp4Static + std::to_string(id);
   sim::set(s.c_str(), "dest", dstIPAddr);
   sim::set(s.c_str(), "mask", dstSubMask);
   sim::set(s.c_str(), "gateway", gatewayIPAddr);
   sim::set(s.c_str(), "interface", interfaceName);
-  return id;
+  return sim::returns(fn, id);
 }
 
 SIM_EXPORT int brelo_routeAddIp6ForwardingStatic(const char *dstIPPrefix, const char *nextHop,
@@ -227,15 +227,15 @@ SIM_EXPORT int brelo_routeAddIp6ForwardingStatic(const char *dstIPPrefix, const 
   if (!ipv6_prefix(dstIPPrefix) || nextHop == nullptr ||
       (nextHop[0] != '\0' && inet_pton(AF_INET6, nextHop, &a) != 1) || interfaceName == nullptr ||
       interfaceName[0] == '\0')
-    return -1;
+    return sim::returns(fn, -1);
   sim::Guard guard;
   int id = free_route_id(kIp6Static);
-  if (id < 0) return -1;
+  if (id < 0) return sim::returns(fn, -1);
   std::string s = kIp6Static + std::to_string(id);
   sim::set(s.c_str(), "prefix", dstIPPrefix);
   sim::set(s.c_str(), "next_hop", nextHop);
   sim::set(s.c_str(), "interface", interfaceName);
-  return id;
+  return sim::returns(fn, id);
 }
 
 SIM_EXPORT int brelo_routeDeleteIp4ForwardingStatic(int routeId) {
@@ -251,18 +251,18 @@ SIM_EXPORT int brelo_setVLANBind(const char *lanInterface, const char *bind) {
   sim::call("brelo_setVLANBind", "\"%s\", \"%s\"", text_arg(lanInterface), text_arg(bind));
   if (sim::has_result("brelo_setVLANBind")) return sim::result("brelo_setVLANBind", 0);
   int n = lan_number(lanInterface);
-  if (n < 0 || bind == nullptr || bind[0] == '\0') return -1;
+  if (n < 0 || bind == nullptr || bind[0] == '\0') return sim::returns("brelo_setVLANBind", -1);
   sim::set(kVlan, std::to_string(n).c_str(), bind);
-  return 0;
+  return sim::returns("brelo_setVLANBind", 0);
 }
 
 SIM_EXPORT int brelo_clearVLANBind(const char *lanInterface) {
   sim::call("brelo_clearVLANBind", "\"%s\"", text_arg(lanInterface));
   if (sim::has_result("brelo_clearVLANBind")) return sim::result("brelo_clearVLANBind", 0);
   int n = lan_number(lanInterface);
-  if (n < 0) return -1;
+  if (n < 0) return sim::returns("brelo_clearVLANBind", -1);
   sim_unset(kVlan, std::to_string(n).c_str());
-  return 0;
+  return sim::returns("brelo_clearVLANBind", 0);
 }
 
 }  // extern "C"
