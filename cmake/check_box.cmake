@@ -5,13 +5,14 @@
 # -DEXPECT (.expect). The box starts in a folder where build-demo is this build, so commands
 # can use the paths the README gives (file:build-demo/osgi/samples/lanhosts.jar).
 # Lines of the .expect file starting with "#! " say more: "#! exit N" the exit status (else 0),
-# "#! absent TEXT" a text the output must not hold.
+# "#! absent TEXT" a text the output must not hold. [-DBOX_ARGS=<a,b>: more options of the box]
+string(REPLACE "," ";" BOX_ARGS "${BOX_ARGS}")
 set(cwd "${BUILD_DIR}/osgi/box/cwd")
 file(MAKE_DIRECTORY "${cwd}")
 if(NOT EXISTS "${cwd}/build-demo")
   file(CREATE_LINK "${BUILD_DIR}" "${cwd}/build-demo" SYMBOLIC)
 endif()
-set(box bash "${SOURCE_DIR}/scripts/gateway-box.sh" --no-build --build-dir "${BUILD_DIR}")
+set(box bash "${SOURCE_DIR}/scripts/gateway-box.sh" --no-build --build-dir "${BUILD_DIR}" ${BOX_ARGS})
 if(SCRIPT MATCHES "\\.typed$")
   # A blank line a second after the typed ones, until the box has gone.
   execute_process(

@@ -5,7 +5,8 @@
 #   scripts/gateway-box.sh                       build, then an interactive shell (g!)
 #   scripts/gateway-box.sh --run "CMD; CMD"      run shell commands, print their output, exit
 #   scripts/gateway-box.sh --script FILE|-       run a file of shell commands (- : standard input)
-# Options: --build-dir DIR (default build-demo, or $BUILD_DIR), --no-build (use DIR as built).
+# Options: --build-dir DIR (default build-demo, or $BUILD_DIR), --no-build (use DIR as built),
+# --state FOLDER (the gateway: a state folder such as a bundle_sc-capture capture).
 # Every start has a fresh framework cache and a fresh default gateway (sim/gateway/*.ini); the
 # JVM runs under -Xcheck:jni. A script runs one line after the other; a line the shell cannot
 # run ends it at once (exit status 1). file: paths are relative to where the box was started.
@@ -15,13 +16,15 @@ build=${BUILD_DIR:-$here/build-demo}
 do_build=1
 script=""
 commands=""
+state=""
 while (($#)); do
   case "$1" in
     --build-dir) build=$2; shift 2 ;;
     --no-build) do_build=0; shift ;;
     --run) commands=$2; shift 2 ;;
     --script) script=$2; shift 2 ;;
-    -h|--help) sed -n '2,11p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
+    --state) state=$2; shift 2 ;;
+    -h|--help) sed -n '2,12p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
     *) echo "gateway-box.sh: unknown argument $1 (--help shows the usage)" >&2; exit 2 ;;
   esac
 done
@@ -52,6 +55,11 @@ for b in "${installs[@]}" "${bundles[@]}" "$shell_bundle" "$java_dir/org.apache.
          "$build/lib/libgatewayhost.so"; do
   [[ -f "$b" ]] || { echo "gateway-box.sh: $b is missing (build first, without --no-build)" >&2; exit 2; }
 done
+
+if [[ -n "$state" ]]; then
+  [[ -d "$state" ]] || { echo "gateway-box.sh: --state $state is not a folder" >&2; exit 2; }
+  state=$(cd "$state" && pwd)
+fi
 
 box=$(mktemp -d "${TMPDIR:-/tmp}/gateway-box.XXXXXX")
 trap 'rm -rf "$box"' EXIT
@@ -109,6 +117,9 @@ fi
 export LD_LIBRARY_PATH="$build/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
 export LD_PRELOAD="$build/lib/libgatewayhost.so"
 export BRELO_SIM_SAVE="$box/tcapi-saved.ini"
+if [[ -n "$state" ]]; then
+  export BRELO_SIM_STATE="$state"  # the gateway of --state instead of the default one
+fi
 # A command of a script that never returns is ended by a watchdog.
 watchdog=()
 status=0

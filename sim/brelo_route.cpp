@@ -54,6 +54,14 @@ void put(char (&field)[N], const std::string &section, const char *key) {
   memcpy(field, v.data(), std::min(v.size(), N));
 }
 
+// A route's id: its section's number, unless an "index" key gives another (a captured
+// gateway's routes keep their ids in the order listed).
+int32_t route_index(const std::string &s) {
+  if (sim::get(s.c_str(), "index") != nullptr) return static_cast<int32_t>(sim::get_int(s.c_str(), "index"));
+  size_t at = s.find_last_of(' ');
+  return atoi(s.c_str() + at + 1);
+}
+
 template <typename Record, typename Fill>
 void hand_out(const std::vector<std::string> &sections, Record **array, int *count, Fill fill) {
   *array = nullptr;
@@ -67,13 +75,17 @@ void hand_out(const std::vector<std::string> &sections, Record **array, int *cou
 }
 
 // The routes of a table: 0 the configured static routes, 1 the routes in force (the other
-// routes in force, then the static ones).
+// routes in force, then the static ones; only the other ones when the table's options section,
+// [ipv4 routes] or [ipv6 routes], says current_only = 1, as a captured gateway's may).
 // A route with a "repeat" count is listed that many times (a long table).
-std::vector<std::string> routes(const char *current, const char *fixed, int which) {
+std::vector<std::string> routes(const char *current, const char *fixed, const char *options,
+                                int which) {
   std::vector<std::string> sections;
   if (which == ROUTE_TABLE_CURRENT) sections = table(current);
-  std::vector<std::string> statics = table(fixed);
-  sections.insert(sections.end(), statics.begin(), statics.end());
+  if (which == ROUTE_TABLE_STATIC || sim::get_int(options, "current_only") != 1) {
+    std::vector<std::string> statics = table(fixed);
+    sections.insert(sections.end(), statics.begin(), statics.end());
+  }
   std::vector<std::string> out;
   for (const std::string &s : sections) {
     long long repeat = sim::get_int(s.c_str(), "repeat", 1);
@@ -147,10 +159,9 @@ SIM_EXPORT int brelo_routeinfoGetLayer3ForwardingStaticConfig(Ip4RouteRecord **a
   *count = 0;
   if (which != ROUTE_TABLE_STATIC && which != ROUTE_TABLE_CURRENT)
     return sim::result("brelo_routeinfoGetLayer3ForwardingStaticConfig", -1);
-  hand_out(routes(kIp4Current, kIp4Static, which), array, count,
+  hand_out(routes(kIp4Current, kIp4Static, "ipv4 routes", which), array, count,
            [](const std::string &s, Ip4RouteRecord *r) {
-             size_t at = s.find_last_of(' ');
-             r->index = atoi(s.c_str() + at + 1);
+             r->index = route_index(s);
              put(r->dest_ip, s, "dest");
              put(r->dest_mask, s, "mask");
              put(r->gateway_ip, s, "gateway");
@@ -167,10 +178,9 @@ SIM_EXPORT int brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(Ip6RouteRecord 
   *count = 0;
   if (which != ROUTE_TABLE_STATIC && which != ROUTE_TABLE_CURRENT)
     return sim::result("brelo_routeinfoGetIp6Layer3ForwardingStaticConfig", -1);
-  hand_out(routes(kIp6Current, kIp6Static, which), array, count,
+  hand_out(routes(kIp6Current, kIp6Static, "ipv6 routes", which), array, count,
            [](const std::string &s, Ip6RouteRecord *r) {
-             size_t at = s.find_last_of(' ');
-             r->index = atoi(s.c_str() + at + 1);
+             r->index = route_index(s);
              put(r->dest_prefix, s, "prefix");
              put(r->next_hop, s, "next_hop");
              put(r->interface_name, s, "interface");

@@ -17,8 +17,13 @@ extern "C" {
 void sim_reset(void);
 
 // Loads a state file, or every *.ini file of a directory in name order, on top of the current
-// state. Sections named "tcapi <node>" become configuration-tree nodes. 0 on success, -1 when
-// the path cannot be read or a line is malformed.
+// state. Sections named "tcapi <node>" become configuration-tree nodes; the lines of a section
+// named "results" ("function = code") program results as sim_program_result does. A directory
+// holding capture.ini is a captured gateway (bundle_sc-capture): it replaces the whole state
+// (programmed results included; where the tree is saved stays), and one whose capture did not
+// finish ("complete = 1" missing from its [capture] section) is refused and leaves the state
+// as it was. 0 on success, -1 when the path cannot be read, a line is malformed or the
+// capture is incomplete.
 int sim_load(const char *path);
 
 // sim_reset(), then the default simulated gateway: $BRELO_SIM_STATE if set, else the state

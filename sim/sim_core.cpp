@@ -129,6 +129,11 @@ std::atomic<bool> g_log_on{log_wanted_at_load()};
 
 constexpr size_t kDefaultLogLimit = 64u << 20;  // 64 MiB of lines
 
+// The state section whose lines are programmed results, and the file that marks a folder as a
+// captured gateway.
+const char kResultsSection[] = "results";
+const char kCaptureFile[] = "capture.ini";
+
 void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
 
 // Counts the lines of `piece` (appended at a line start) by the function name they begin
@@ -315,6 +320,20 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
+// A state file's [results] section programs results, as sim_program_result does: "fn = rc"
+// (a captured gateway records so the functions that failed on it). False for a value that is
+// not a number.
+bool program_result_line(const std::string &fn, const std::string &value) {
+  char *end = nullptr;
+  errno = 0;
+  long rc = strtol(value.c_str(), &end, 0);
+  if (fn.empty() || value.empty() || *end != '\0' || errno != 0 || rc < INT_MIN || rc > INT_MAX)
+    return false;
+  g_world.results[fn] = static_cast<int>(rc);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+  return true;
+}
+
 // Loads a state file on top of the state. With `replace`, a section the file holds replaces the
 // section of that name (its values are those of the file alone); else values are added.
 int load_file(const std::string &path, bool replace = false) {
@@ -322,9 +341,11 @@ int load_file(const std::string &path, bool replace = false) {
   if (f == nullptr) return -1;
   std::string section;
   std::set<std::string> replaced;
-  char line[4096];
+  // Lines of any length: a tree value alone may hold 4095 bytes, each written as \xHH.
+  char *line = nullptr;
+  size_t line_cap = 0;
   int rc = 0, lineno = 0;
-  while (fgets(line, sizeof line, f) != nullptr) {
+  while (getline(&line, &line_cap, f) != -1) {
     ++lineno;
     std::string t = trim(line);
     if (!t.empty() && t.back() == '\n') t.pop_back();
@@ -352,16 +373,74 @@ int load_file(const std::string &path, bool replace = false) {
       rc = -1;
       continue;
     }
+    if (section == kResultsSection) {
+      if (!program_result_line(trim(t.substr(0, eq)), value)) {
+        fprintf(stderr, "gateway sim: %s:%d: expected function = result code\n", path.c_str(),
+                lineno);
+        rc = -1;
+      }
+      continue;
+    }
     set_value(section, trim(t.substr(0, eq)), value);
   }
+  free(line);
   fclose(f);
   return rc;
+}
+
+void reset_locked();
+
+// Whether `dir` is a captured gateway (bundle_sc-capture writes capture.ini), and whether the
+// capture finished: its [capture] section says "complete = 1" only once every file is written.
+bool is_capture(const std::string &dir) {
+  struct stat st;
+  return stat((dir + "/" + kCaptureFile).c_str(), &st) == 0;
+}
+
+bool capture_complete(const std::string &dir) {
+  FILE *f = fopen((dir + "/" + kCaptureFile).c_str(), "r");
+  if (f == nullptr) return false;
+  char *line = nullptr;
+  size_t line_cap = 0;
+  std::string section;
+  bool complete = false;
+  while (getline(&line, &line_cap, f) != -1) {
+    std::string t = trim(line);
+    if (!t.empty() && t.back() == '\n') t.pop_back();
+    t = trim(t);
+    if (!t.empty() && t[0] == '[' && t.back() == ']') {
+      section = trim(t.substr(1, t.size() - 2));
+      continue;
+    }
+    size_t eq = t.find('=');
+    std::string value;
+    if (section == "capture" && eq != std::string::npos && trim(t.substr(0, eq)) == "complete" &&
+        decode_value(trim(t.substr(eq + 1)), &value))
+      complete = value == "1";
+  }
+  free(line);
+  fclose(f);
+  return complete;
 }
 
 int load_path(const std::string &path) {
   struct stat st;
   if (stat(path.c_str(), &st) != 0) return -1;
   if (!S_ISDIR(st.st_mode)) return load_file(path);
+  if (is_capture(path)) {
+    // A capture is a whole gateway: it replaces the state rather than adding to it (where the
+    // tree is saved stays as it was). One that did not finish is refused, state untouched.
+    if (!capture_complete(path)) {
+      fprintf(stderr,
+              "gateway sim: %s: an incomplete capture (bundle_sc-capture stopped before it "
+              "finished): not loaded; capture the gateway again\n",
+              path.c_str());
+      return -1;
+    }
+    std::string save_path = g_world.save_path;
+    reset_locked();
+    g_world.save_path = save_path;
+  }
   DIR *d = opendir(path.c_str());
   if (d == nullptr) return -1;
   std::vector<std::string> names;

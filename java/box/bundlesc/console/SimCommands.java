@@ -17,6 +17,7 @@ import bundlesc.sim.GatewaySim;
  * g! sim:clearlog                     empties the call log
  * g! sim:reset                        an empty gateway: no values, no programmed results
  * g! sim:load [PATH]                  the default gateway again, or a state file or folder on top
+ *                                     (a bundle_sc-capture folder replaces the whole gateway)
  * g! sim:result FUNCTION RC|clear     every later call of FUNCTION returns RC (clear: its usual result)
  * </pre>
  * A section name may be several words ({@code sim:get wlan ssid 1 name}): the last word is the

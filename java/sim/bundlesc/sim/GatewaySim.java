@@ -27,7 +27,11 @@ public final class GatewaySim {
     /** As {@link #loadDefault()}, without reading a saved tree back; 0 on success. */
     public static native int loadFresh();
 
-    /** Loads a state file or a directory of *.ini files on top of the current state. */
+    /**
+     * Loads a state file or a directory of *.ini files on top of the current state; a folder
+     * captured by bundle_sc-capture replaces the whole gateway (one that is incomplete is
+     * refused). 0 on success.
+     */
     public static native int load(String path);
 
     /** Sets a value from raw bytes (for texts that are not UTF-8 on the gateway). */
