@@ -18,6 +18,10 @@ set(BUNDLE_GSON_JAR "/usr/share/java/gson.jar" CACHE FILEPATH "Gson jar (Debian:
 if(NOT EXISTS "${BUNDLE_GSON_JAR}")
   message(FATAL_ERROR "Gson not found at ${BUNDLE_GSON_JAR} (Debian package libgoogle-gson-java)")
 endif()
+# The Gson the gateway's bundles are built for. Debian has Gson 2.10 only (its bundle manifest
+# says 2.7.0, so imports resolve in the box as on the gateway); the bundle check warns about
+# the Gson API a bundle uses that 2.7 lacks (java/sdk/bundlesc/sdk/gson-after-2.7.txt).
+set(BUNDLE_GATEWAY_GSON_VERSION "2.7.0")
 set(junit_compile_cp "${BUNDLE_JAVA_LIBS}/junit-jupiter-api.jar:${BUNDLE_JAVA_LIBS}/junit-jupiter-params.jar:${BUNDLE_JAVA_LIBS}/apiguardian-api.jar:${BUNDLE_JAVA_LIBS}/opentest4j.jar")
 
 set(java_out "${CMAKE_BINARY_DIR}/java")
@@ -27,7 +31,8 @@ set(java_test_classes "${java_out}/test-classes")
 file(GLOB_RECURSE java_main_sources CONFIGURE_DEPENDS
      "${CMAKE_SOURCE_DIR}/java/services/*.java" "${CMAKE_SOURCE_DIR}/java/sim/*.java"
      "${CMAKE_SOURCE_DIR}/java/console/*.java" "${CMAKE_SOURCE_DIR}/java/bench/*.java"
-     "${CMAKE_SOURCE_DIR}/java/doc/*.java")
+     "${CMAKE_SOURCE_DIR}/java/doc/*.java" "${CMAKE_SOURCE_DIR}/java/reply/*.java"
+     "${CMAKE_SOURCE_DIR}/java/sdk/*.java")
 file(GLOB_RECURSE java_test_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/java/tests/*.java")
 
 # The console's catalog: the classes the library exports natives for, one binary name a line,
@@ -48,16 +53,24 @@ list(SORT service_classes)
 list(JOIN service_classes "\n" service_classes_text)
 set(BUNDLE_SERVICE_CLASSES_LIST "${java_out}/service-classes.txt")
 file(CONFIGURE OUTPUT "${BUNDLE_SERVICE_CLASSES_LIST}" CONTENT "${service_classes_text}\n" @ONLY)
+# What the bundle check (java/sdk) checks against: the version the bridge bundle exports the
+# service packages at, and the gateway's Gson.
+set(sdk_resources "${java_out}/gateway.properties" "${CMAKE_SOURCE_DIR}/java/sdk/bundlesc/sdk/gson-after-2.7.txt")
+file(CONFIGURE OUTPUT "${java_out}/gateway.properties"
+     CONTENT "bridge.version=${PROJECT_VERSION}\ngson.version=${BUNDLE_GATEWAY_GSON_VERSION}\n" @ONLY)
 
+# -parameters: the class files keep the parameter names (those of the reference's Javadoc), which
+# the console's listings show.
 add_custom_command(OUTPUT "${java_out}/classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${BUNDLE_JAVA_CLASSES}"
-  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options -parameters
           -cp "${BUNDLE_GSON_JAR}" -d "${BUNDLE_JAVA_CLASSES}" ${java_main_sources}
   COMMAND ${CMAKE_COMMAND} -E copy "${BUNDLE_SERVICE_CLASSES_LIST}"
           "${BUNDLE_JAVA_CLASSES}/bundlesc/console/service-classes.txt"
+  COMMAND ${CMAKE_COMMAND} -E copy ${sdk_resources} "${BUNDLE_JAVA_CLASSES}/bundlesc/sdk/"
   COMMAND ${CMAKE_COMMAND} -E touch "${java_out}/classes.stamp"
-  DEPENDS ${java_main_sources} "${BUNDLE_SERVICE_CLASSES_LIST}"
-  COMMENT "Compiling the Java service classes, simulator control, console, benchmark and reference tool (Java 8)")
+  DEPENDS ${java_main_sources} "${BUNDLE_SERVICE_CLASSES_LIST}" ${sdk_resources}
+  COMMENT "Compiling the Java service classes, simulator control, console, benchmark, reference tool, reply reader and bundle check (Java 8)")
 add_custom_command(OUTPUT "${java_out}/test-classes.stamp"
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${java_test_classes}"
   COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
@@ -86,6 +99,11 @@ if(BUNDLE_HAVE_SIM)
 endif()
 
 if(bundle_java_tests)
+  # A system() and gethostbyname() that are not the simulator's host side, preloaded by
+  # HostSideRefusalTest into a JVM of its own (found on java.library.path).
+  add_library(hostprobe SHARED "${CMAKE_SOURCE_DIR}/tests/tools/host_probe.cpp")
+  add_dependencies(java_classes hostprobe)
+
   # Most test classes share one JVM (starting a JVM costs more than a class's tests, and one
   # JVM loading the library once is how a framework uses it); JUnit's tree report names every
   # test. The soak and the deep-stack test measure a JVM of their own and run alone.
@@ -118,11 +136,15 @@ if(bundle_java_tests)
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.services")
   list(APPEND jvm_test_names jvm.services)
   set_tests_properties(${jvm_test_names} PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
-    # The simulator's route tool and resolver stand in for the machine's.
+    # The simulator's route tool and resolver stand in for the machine's (and the gateway's
+    # flag files are in a folder of the entry's own: the end of CMakeLists.txt).
     ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     # -Xcheck:jni reports misuse as warnings; any of them fails the test.
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
+  # ctest runs entries side by side: the longest start first (the soak and the deep-stack
+  # test run whole JVMs of their own for many seconds), so no core idles at the end.
+  set_tests_properties(jvm.SoakTest PROPERTIES COST 1000)
+  set_tests_properties(jvm.DeepStackTest jvm.services PROPERTIES COST 300)
 endif()
 
 if(bundle_java_tests)
@@ -136,7 +158,6 @@ if(bundle_java_tests)
             -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
   # The same on the prepared platform: every native's reply answered from the record must be
@@ -156,3 +177,6 @@ include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
 
 # The bridge and simulator bundles, and the osgi.* tier.
 include("${CMAKE_CURRENT_LIST_DIR}/BundleOsgi.cmake")
+
+# The reply reader's bundle and its OSGi test.
+include("${CMAKE_CURRENT_LIST_DIR}/BundleReply.cmake")

@@ -4,6 +4,7 @@
 # tests run against the default simulated gateway.
 #
 #   reference target (part of ALL)   ${CMAKE_BINARY_DIR}/java/reference/index.html
+#                                    and reply-oddities.html beside it (the @oddity blocks)
 #   BUNDLE_REFERENCE_JAR             ${CMAKE_BINARY_DIR}/osgi/com.lumarest.smartgateway.bridge-javadoc.jar
 #   jvm.reference-examples           every documented example, run through the bridge console
 #   reference.overview               every native of the library listed once in the overview
@@ -20,6 +21,7 @@ set(reference_dir "${java_out}/reference")
 set(reference_work "${java_out}/reference-work")
 set(BUNDLE_REFERENCE_EXAMPLES "${reference_work}/examples.txt")
 set(reference_overview "${reference_work}/overview.html")
+set(reference_oddities "${reference_work}/reply-oddities.html")
 set(BUNDLE_REFERENCE_JAR "${CMAKE_BINARY_DIR}/osgi/com.lumarest.smartgateway.bridge-javadoc.jar")
 
 if(NOT Java_JAVADOC_EXECUTABLE)
@@ -45,10 +47,10 @@ if(BUNDLE_DOCUMENTED_PACKAGES)
   string(REPLACE ";" "," documented_list "${BUNDLE_DOCUMENTED_PACKAGES}")
   set(documented_args --documented "${documented_list}")
 endif()
-add_custom_command(OUTPUT "${BUNDLE_REFERENCE_EXAMPLES}" "${reference_overview}"
+add_custom_command(OUTPUT "${BUNDLE_REFERENCE_EXAMPLES}" "${reference_overview}" "${reference_oddities}"
   COMMAND ${Java_JAVA_EXECUTABLE} -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.doc.ReferenceTool
           --sources "${CMAKE_SOURCE_DIR}/java/services" --examples "${BUNDLE_REFERENCE_EXAMPLES}"
-          --overview "${reference_overview}" ${documented_args}
+          --overview "${reference_overview}" --oddities "${reference_oddities}" ${documented_args}
   DEPENDS "${java_out}/classes.stamp" ${service_sources}
   COMMENT "Collecting the natives' examples and the reply overview"
   VERBATIM)
@@ -77,6 +79,7 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
   COMMAND ${Java_JAVADOC_EXECUTABLE} --release 8 -encoding UTF-8 -docencoding UTF-8 -charset UTF-8
           -quiet -Werror ${doclint_options}
           -tag "example:m:Example (default simulated gateway):"
+          -tag "oddity:m:Reply oddity:"
           -overview "${reference_overview}"
           --add-stylesheet "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
           -doctitle "${reference_title}"
@@ -84,10 +87,12 @@ add_custom_command(OUTPUT "${reference_work}/javadoc.stamp"
           -notimestamp -nodeprecatedlist
           -sourcepath "${CMAKE_SOURCE_DIR}/java/services" -d "${reference_dir}"
           ${service_sources}
+  COMMAND ${CMAKE_COMMAND} -E copy "${reference_oddities}" "${reference_dir}/reply-oddities.html"
   COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_BINARY_DIR}/osgi"
   COMMAND ${Java_JAR_EXECUTABLE} --create --file "${BUNDLE_REFERENCE_JAR}" -C "${reference_dir}" .
   COMMAND ${CMAKE_COMMAND} -E touch "${reference_work}/javadoc.stamp"
-  DEPENDS ${service_sources} "${reference_overview}" "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
+  DEPENDS ${service_sources} "${reference_overview}" "${reference_oddities}"
+          "${CMAKE_SOURCE_DIR}/java/doc/reference.css"
   BYPRODUCTS "${BUNDLE_REFERENCE_JAR}"
   COMMENT "Building the reference (javadoc, doclint, no warnings) and its jar"
   VERBATIM)
@@ -105,7 +110,6 @@ if(bundle_java_tests)
             --select-class bundlesc.console.ReferenceExamplesTests
             --reports-dir "${CMAKE_BINARY_DIR}/test-reports/jvm.reference-examples")
   set_tests_properties(jvm.reference-examples PROPERTIES
-    RESOURCE_LOCK gateway_flag_files
     ENVIRONMENT "BRELO_SIM_SAVE=;LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI")
 endif()

@@ -11,6 +11,7 @@
 namespace bundle {
 
 const char kHardenedFailure[] = "{\"Result\":-1}";
+const char kRejectedFragment[] = "<rejected>";
 
 bool hardened_profile() { return BUNDLE_HARDENED != 0; }
 
@@ -376,6 +377,32 @@ bool json_valid(const char *text) {
   if (!c.value()) return false;
   c.blank();
   return *c.p == '\0';
+}
+
+const char *raw_json(const char *text, RawJson kind, size_t max) {
+  if (!BUNDLE_HARDENED || text == nullptr) return text;
+  size_t n = strnlen(text, max);
+  if (kind == RawJson::kNumber) {
+    // A number is short: checked in a terminated copy of the bytes that are placed.
+    char number[40];
+    if (n == 0 || n >= sizeof number) return kRejectedFragment;
+    memcpy(number, text, n);
+    number[n] = '\0';
+    Checker c{reinterpret_cast<const unsigned char *>(number), 0};
+    return c.number() && *c.p == '\0' ? text : kRejectedFragment;
+  }
+  // The items of a list end where the text does: a text longer than the bytes placed would be
+  // cut inside them.
+  if (n == max) return kRejectedFragment;
+  Checker c{reinterpret_cast<const unsigned char *>(text), 0};
+  c.blank();
+  if (*c.p == '\0') return text;
+  for (;;) {
+    if (!c.value()) return kRejectedFragment;
+    c.blank();
+    if (*c.p == '\0') return text;
+    if (*c.p++ != ',') return kRejectedFragment;
+  }
 }
 
 const char *checked_reply(const char *text, const char *failure) {

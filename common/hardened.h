@@ -7,6 +7,8 @@
 //   - the reply composer (reply_vappend) JSON-escapes every %s argument it places inside a
 //     JSON string of the reply (", \ and control characters); arguments placed outside a
 //     string (structural pieces, lists composed beforehand) are copied as they are;
+//   - a platform text placed outside a string (raw_json: the items of a list, a number) is
+//     placed only when it is exactly that, so it can never close its list or add a member;
 //   - a reply that starts with '{' but is not valid JSON (e.g. one cut at its buffer) reaches
 //     Java as the native's failure reply, or "{\"Result\":-1}";
 //   - secret() prints a fixed mask instead of a password or other credential in the trace.
@@ -17,6 +19,7 @@
 #include <jni.h>
 #include <stdarg.h>
 #include <stddef.h>
+#include <stdint.h>
 
 #include "common/reply.h"
 #include "common/trace.h"
@@ -37,6 +40,22 @@ int escaped_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list
 // True when `text` is one complete JSON value (RFC 8259; bytes >= 0x80 are accepted inside
 // strings, they are repaired to modified UTF-8 later).
 bool json_valid(const char *text);
+
+// What a platform text placed outside quotes in a reply must be.
+enum class RawJson {
+  kItems,   // the inside of a JSON array: values separated by commas, or nothing
+  kNumber,  // one JSON number
+};
+
+// A text no JSON reply can hold: raw_json's answer for a fragment it refuses.
+extern const char kRejectedFragment[];
+
+// The platform text to place raw (outside quotes) in a reply where a `kind` belongs; at most
+// its first `max` bytes are placed (the caller bounds the conversion, e.g. "%.*s"). In the
+// default profile `text` itself. In the hardened profile `text` when those bytes are exactly
+// a `kind`, else kRejectedFragment, which makes the reply invalid JSON, so checked_reply gives
+// the native's failure reply: a platform text can neither end its list nor add a member.
+const char *raw_json(const char *text, RawJson kind, size_t max = SIZE_MAX);
 
 // The text handed to Java for a composed reply: `text` itself unless the profile is hardened
 // and `text` starts with '{' without being valid JSON; then `failure`.

@@ -1,9 +1,16 @@
-// Name resolution shared by the natives that accept host names.
+// What the library asks of the machine itself rather than of the platform: host names
+// resolved by gethostbyname and route commands run by system(). Every such call goes through
+// this file.
 //
 // gethostbyname answers in static storage that the next lookup of any thread overwrites, and
 // natives run on many Java threads at once. resolve_host holds the library's one resolver lock
 // around the lookup and the copy of the answer, and nothing else; callers then work on their
 // own copy.
+//
+// Off the gateway these calls must never reach the machine the simulator runs on: the
+// simulated platform says whether this process's system() and gethostbyname() are the
+// simulator's stand-ins, and when they are not, no lookup and no command is made (see
+// host_lookup.cpp).
 #ifndef BUNDLE_COMMON_HOST_LOOKUP_H
 #define BUNDLE_COMMON_HOST_LOOKUP_H
 
@@ -20,8 +27,12 @@ struct HostAddresses {
 };
 
 // Resolves `name` (not NULL) with gethostbyname and copies the answer into *out. Returns false,
-// with out->count 0, when the name does not resolve.
+// with out->count 0, when the name does not resolve (or may not be looked up here).
 bool resolve_host(const char *name, HostAddresses *out);
+
+// Runs `command` with system() and returns its status; -1 without running it when commands
+// may not be run here.
+int run_command(const char *command);
 
 }  // namespace bundle
 

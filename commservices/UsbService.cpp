@@ -183,11 +183,14 @@ Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIE
     for (int i = 0; list != nullptr && i < count; ++i) {
       const StorageRecord &rec = list[i];
       if (i > 0) reply.append(",");
-      // The sizes go in as raw text and so read as JSON numbers.
+      // The sizes go in as raw text and so read as JSON numbers (the hardened profile places
+      // only numbers there).
       reply.append("{\"storagePath\":\"%.*s\",\"totalStorage\":%.*s,\"validStorage\":%.*s}",
                    static_cast<int>(sizeof rec.path - 1), rec.path,
-                   static_cast<int>(sizeof rec.total - 1), rec.total,
-                   static_cast<int>(sizeof rec.free - 1), rec.free);
+                   static_cast<int>(sizeof rec.total - 1),
+                   bundle::raw_json(rec.total, bundle::RawJson::kNumber, sizeof rec.total - 1),
+                   static_cast<int>(sizeof rec.free - 1),
+                   bundle::raw_json(rec.free, bundle::RawJson::kNumber, sizeof rec.free - 1));
     }
     reply.append("]}");
   }

@@ -13,8 +13,10 @@ cmake -S "$here" -B "$build" -DBUILD_TESTING=OFF -DBUNDLE_TIERS=OFF -DBUNDLE_JVM
 cmake --build "$build" -j"$(nproc)" >/dev/null
 
 echo "== libbundle_sc.so against the default simulated gateway (sim/gateway/*.ini)"
-# libgatewayhost.so: the simulated gateway's route tool and resolver, never the machine's.
-BRELO_SIM_SAVE="$build/sim/tcapi-saved.ini" LD_PRELOAD="$build/lib/libgatewayhost.so" \
+# libgatewayhost.so: the simulated gateway's route tool and resolver, never the machine's. The
+# console saves the configuration tree in a folder of the session's own, which it prints
+# (BRELO_SIM_SAVE=FILE, when set, keeps it from one run to the next), never in the build.
+LD_PRELOAD="$build/lib/libgatewayhost.so" \
   java -Xcheck:jni -Djava.library.path="$build/lib" -cp "$build/java/classes:/usr/share/java/gson.jar" \
   bundlesc.console.BridgeConsole --batch "$here/scripts/demo.batch"
 

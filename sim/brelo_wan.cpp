@@ -5,7 +5,11 @@
 // flags and enum codes as the platform's ints, texts as they are) plus PVC, Entry, Name,
 // Password, the status codes, the counters and the bandwidths; and [wan_common] with
 // internet_index. brelo_wanAddIf, brelo_wanSetIf and brelo_wanDeleteIf change these sections,
-// so later queries show the change.
+// so later queries show the change, and the configuration tree with them: an added connection
+// appears there as the default ones do (sim/gateway/tree.ini: "Wan_PVC%d" with its VLAN,
+// "Wan_PVC%d_Entry%d" with IFIdx, ServiceList and WanMode, listed in "ValidIFIndex" of
+// "WanInfo_Common"), so port mappings can be made on it; a deleted one leaves the tree with its
+// port mappings.
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -173,6 +177,60 @@ int int_getter(const char *fn, const char *key, int pvc, int entry, int *out) {
   return sim::result(fn, 0);
 }
 
+// The configuration tree's nodes of a connection.
+const char kTreeCommon[] = "tcapi WanInfo_Common";
+std::string tree_pvc(long long pvc) { return "tcapi Wan_PVC" + std::to_string(pvc); }
+std::string tree_entry(long long pvc, long long entry) {
+  return tree_pvc(pvc) + "_Entry" + std::to_string(entry);
+}
+
+// The tree's list of connections, internal index PVC * 8 + entry, with `v` added or taken out.
+void list_in_tree(long long v, bool listed) {
+  std::string list = sim::get_str(kTreeCommon, "ValidIFIndex"), kept;
+  size_t pos = 0;
+  while (pos <= list.size()) {
+    size_t comma = list.find(',', pos);
+    if (comma == std::string::npos) comma = list.size();
+    std::string item = list.substr(pos, comma - pos);
+    if (!item.empty() && item != std::to_string(v)) kept += (kept.empty() ? "" : ",") + item;
+    pos = comma + 1;
+  }
+  if (listed) kept += (kept.empty() ? "" : ",") + std::to_string(v);
+  sim::set(kTreeCommon, "ValidIFIndex", kept);
+}
+
+// Describes the connection of state section `s` (WAN index `index`) in the tree as the default
+// gateway's are: VLAN mode 2 is a tagged VLAN, the bridged connection types are bridges.
+void describe_in_tree(const std::string &s, int index) {
+  long long pvc = sim::get_int(s.c_str(), "PVC"), entry = sim::get_int(s.c_str(), "Entry");
+  long long type = sim::get_int(s.c_str(), "ConnectionType");
+  std::string node = tree_pvc(pvc);
+  sim::set(node.c_str(), "VLANMode", sim::get_int(s.c_str(), "VLANMode") == 2 ? "TAG" : "UNTAG");
+  sim::set(node.c_str(), "VLANID", sim::get_str(s.c_str(), "VLANIDMark"));
+  node = tree_entry(pvc, entry);
+  sim::set(node.c_str(), "IFIdx", std::to_string(index));
+  sim::set(node.c_str(), "ServiceList", sim::get_str(s.c_str(), "ServiceList"));
+  sim::set(node.c_str(), "WanMode", type == 2 || type == 3 ? "Bridge" : "Route");
+}
+
+// Takes the connection of state section `s` out of the tree, with its port-mapping slots, and
+// its PVC's node when no other connection of the PVC is left.
+void remove_from_tree(const std::string &s) {
+  long long pvc = sim::get_int(s.c_str(), "PVC"), entry = sim::get_int(s.c_str(), "Entry");
+  long long v = pvc * 8 + entry;
+  list_in_tree(v, false);
+  sim::remove_section(tree_entry(pvc, entry).c_str());
+  for (int slot = 0; slot < 10; ++slot) {
+    std::string rule = "tcapi VirServer_Entry" + std::to_string(v) + "_Entry" + std::to_string(slot);
+    sim::remove_section(rule.c_str());
+  }
+  bool pvc_used = false;
+  for (const std::string &other : sim::section_names("wan "))
+    if (other != s && sim::get(other.c_str(), "PVC") != nullptr && sim::get_int(other.c_str(), "PVC") == pvc)
+      pvc_used = true;
+  if (!pvc_used) sim::remove_section(tree_pvc(pvc).c_str());
+}
+
 unsigned long long counter(const std::string &section, const char *key) {
   return strtoull(sim::get_str(section.c_str(), key).c_str(), nullptr, 0);
 }
@@ -336,6 +394,8 @@ SIM_EXPORT int brelo_wanAddIf(char *vlanMode, char *vlanIdMark, char *connection
       {"DsStats", "0"},
   };
   for (const auto &v : values) sim::set(s.c_str(), v.first, v.second);
+  describe_in_tree(s, index);
+  list_in_tree(pvc * 8, true);
   return sim::result("brelo_wanAddIf", index);
 }
 
@@ -386,6 +446,7 @@ SIM_EXPORT int brelo_wanSetIf(int wanIndex, WanChangeRecord *rec) {
   }
   std::string s = wan_section(wanIndex);
   for (const auto &c : changes) sim::set(s.c_str(), c.first, c.second);
+  if (!changes.empty()) describe_in_tree(s, wanIndex);
   return sim::result("brelo_wanSetIf", 0);
 }
 
@@ -393,6 +454,7 @@ SIM_EXPORT int brelo_wanDeleteIf(int wanIndex) {
   sim::call("brelo_wanDeleteIf", "%d", wanIndex);
   sim::Guard guard;
   if (!wan_exists(wanIndex)) return sim::result("brelo_wanDeleteIf", -1);
+  remove_from_tree(wan_section(wanIndex));
   sim::remove_section(wan_section(wanIndex).c_str());
   return sim::result("brelo_wanDeleteIf", 0);
 }

@@ -17,15 +17,26 @@ extern "C" {
 void sim_reset(void);
 
 // Loads a state file, or every *.ini file of a directory in name order, on top of the current
-// state. Sections named "tcapi <node>" become configuration-tree nodes. 0 on success, -1 when
-// the path cannot be read or a line is malformed.
+// state. Sections named "tcapi <node>" become configuration-tree nodes; the lines of a section
+// named "results" ("function = code") program results as sim_program_result does. A directory
+// holding capture.ini is a captured gateway (bundle_sc-capture): it replaces the whole state
+// (programmed results included; where the tree is saved stays), and one whose capture did not
+// finish ("complete = 1" missing from its [capture] section) is refused and leaves the state
+// as it was. 0 on success, -1 when the path cannot be read, a line is malformed or the
+// capture is incomplete.
 int sim_load(const char *path);
 
 // sim_reset(), then the default simulated gateway: $BRELO_SIM_STATE if set, else the state
-// shipped with the simulator; then the configuration tree saved by tcapi_save, if any, and
-// tcapi_save persists to $BRELO_SIM_SAVE if set, else next to the simulator's build.
+// shipped with the simulator. tcapi_save writes the configuration tree to $BRELO_SIM_SAVE
+// (nowhere when it is unset or empty), and a tree saved there before is read back: its nodes
+// replace the nodes of the same name, the nodes it lists as removed are removed, and every
+// other node stays as the default state has it.
 // This is also what happens on the first platform call of a process that set nothing up.
 int sim_load_default(void);
+
+// sim_load_default() without reading a saved tree back: the default gateway as shipped (or as
+// $BRELO_SIM_STATE has it). tcapi_save still writes to $BRELO_SIM_SAVE.
+int sim_load_fresh(void);
 
 // State values. A NULL key in sim_unset removes the whole section.
 void sim_set(const char *section, const char *key, const char *value);
@@ -35,6 +46,13 @@ const char *sim_get(const char *section, const char *key);
 
 // Every later call of `fn` returns `rc` instead of its usual result.
 void sim_program_result(const char *fn, int rc);
+// `fn` returns its usual result again.
+void sim_clear_result(const char *fn);
+// 1 when the simulated libbrelo.so.1 or libtcapi.so.1 has a function `fn`, 0 when neither has,
+// -1 when neither library can be opened to tell.
+int sim_platform_function(const char *fn);
+// 1 when the state has a section of that name (possibly empty), else 0.
+int sim_section_exists(const char *section);
 
 // `hook(fn, ctx)` runs at every later call of `fn`, after the call is logged and before the
 // function produces its outputs.
@@ -48,6 +66,9 @@ void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx);
 // sim_set_log_limit) the oldest lines are dropped, keeping about the last half of the limit,
 // so a long run does not grow without end.
 const char *sim_log(void);
+// The same lines, each call that has returned followed by " -> <its return code>" (for people
+// reading the log; sim_log's lines are what tests compare).
+const char *sim_log_results(void);
 void sim_clear_log(void);
 // Number of logged calls of `fn` (among the lines the log still holds).
 int sim_log_count(const char *fn);
@@ -63,6 +84,15 @@ void sim_set_log_limit(unsigned long bytes);
 
 // Where tcapi_save writes the tree (NULL: nowhere; the call is still logged).
 void sim_set_save_path(const char *path);
+
+// Whether the bridge may run route commands and resolve names in this process (its weak hook,
+// see common/host_lookup.cpp): only when system() and gethostbyname() are the simulator's
+// host side, libgatewayhost.so loaded ahead of the C library. Otherwise the bridge runs no
+// command and makes no lookup, and the first refusal names the fix on standard error.
+int sim_host_side_ready(void);
+// For tests: 1 or 0 answers so from now on, -1 (the default) detects it; the refusal is
+// explained again at the next one.
+void sim_set_host_side(int ready);
 
 #ifdef __cplusplus
 }

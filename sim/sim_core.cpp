@@ -1,6 +1,7 @@
 // The simulated gateway's state, call log and programmed results.
 #include <dirent.h>
 #include <dlfcn.h>
+#include <link.h>
 #include <limits.h>
 #include <sys/stat.h>
 #include <errno.h>
@@ -11,10 +12,12 @@
 
 #include <algorithm>
 #include <atomic>
+#include <deque>
 #include <iterator>
 #include <list>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,13 +28,11 @@
 #ifndef SIM_DEFAULT_STATE
 #define SIM_DEFAULT_STATE "sim/gateway"
 #endif
-#ifndef SIM_DEFAULT_SAVE
-#define SIM_DEFAULT_SAVE ""
-#endif
 // Where this library is built (the build tree's lib/ directory), and where the default state
 // is installed relative to the directory the library is installed in. A library loaded from
 // anywhere but its build directory, with that state beside it, is an installed one: it reads
-// the installed state and saves nowhere unless BRELO_SIM_SAVE says where.
+// the installed state. Built or installed, it saves the configuration tree only where
+// BRELO_SIM_SAVE says, so no run leaves state behind in the build or the installation.
 #ifndef SIM_BUILD_LIBDIR
 #define SIM_BUILD_LIBDIR ""
 #endif
@@ -53,13 +54,26 @@ struct Hook {
   void *ctx;
 };
 
+// One call in the log: its number (counted over the whole run, never reset), where its text
+// starts (counted from the log's first byte since it was last emptied, so dropping old lines
+// moves nothing) and what the function returned, once it has.
+struct LoggedCall {
+  unsigned long long serial;
+  size_t start;
+  int rc;
+  bool returned;
+};
+
 // The call log: the lines, and how many lines begin with each function name (so counting a
 // function's calls does not rescan the text). When the text grows past `limit` bytes the
-// oldest lines are dropped, so about the last half of the limit stays.
+// oldest lines are dropped, so about the last half of the limit stays. Beside the text, the
+// calls with their return codes (sim_log_results); the text itself stays "fn(arguments)".
 struct CallLog {
   std::string text;
   std::unordered_map<std::string, int> counts;
   size_t limit = 0;  // 0: the default
+  std::deque<LoggedCall> calls;
+  size_t dropped = 0;  // bytes dropped from the front of the text
 };
 
 struct World {
@@ -74,6 +88,9 @@ struct World {
   CallLog log;
   std::string log_copy;  // what sim_log() hands out
   std::string save_path;
+  // Configuration-tree nodes removed since the load (and not made again): a saved tree lists
+  // them, so a node a session removed stays removed when the tree is read back.
+  std::set<std::string> removed_nodes;
   // The section names under each prefix asked for so far, in creation order, kept up to date
   // as sections come and go (values changing leave them alone).
   std::unordered_map<std::string, std::vector<std::string>> names_by_prefix;
@@ -81,6 +98,19 @@ struct World {
 
 std::recursive_mutex g_mutex;
 World g_world;
+
+// The number of the next logged call, over the whole run.
+unsigned long long g_next_call = 1;
+
+// The last calls this thread logged, so that their return codes find them (a simulated
+// function may call another, so a few are kept).
+struct PendingCall {
+  unsigned long long serial;
+  const char *fn;
+};
+constexpr unsigned kPendingCalls = 4;
+thread_local PendingCall t_pending[kPendingCalls];
+thread_local unsigned t_next_pending = 0;
 
 // Bumped by every change of the state (values, sections, loads, resets), never reset: caches
 // derived from the state compare it with the generation they were built from.
@@ -98,6 +128,11 @@ bool log_wanted_at_load() {
 std::atomic<bool> g_log_on{log_wanted_at_load()};
 
 constexpr size_t kDefaultLogLimit = 64u << 20;  // 64 MiB of lines
+
+// The state section whose lines are programmed results, and the file that marks a folder as a
+// captured gateway.
+const char kResultsSection[] = "results";
+const char kCaptureFile[] = "capture.ini";
 
 void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
 
@@ -123,9 +158,11 @@ void count_lines(const char *piece, size_t n, int delta) {
   }
 }
 
-void append_log(const char *fn, const char *args) {
+unsigned long long append_log(const char *fn, const char *args) {
   CallLog &log = g_world.log;
   size_t start = log.text.size();
+  unsigned long long serial = g_next_call++;
+  log.calls.push_back(LoggedCall{serial, log.dropped + start, 0, false});
   log.text += fn;
   log.text += '(';
   log.text += args;
@@ -139,7 +176,28 @@ void append_log(const char *fn, const char *args) {
     cut = nl == std::string::npos ? log.text.size() : nl + 1;
     count_lines(log.text.data(), cut, -1);
     log.text.erase(0, cut);
+    log.dropped += cut;
+    while (!log.calls.empty() && log.calls.front().start < log.dropped) log.calls.pop_front();
   }
+  return serial;
+}
+
+// The log's text with " -> <return code>" at the end of each call whose function has returned.
+std::string log_with_results(const CallLog &log) {
+  std::string out;
+  size_t at = 0;  // in log.text
+  for (size_t i = 0; i < log.calls.size(); ++i) {
+    size_t start = log.calls[i].start - log.dropped;
+    size_t end = i + 1 < log.calls.size() ? log.calls[i + 1].start - log.dropped : log.text.size();
+    out.append(log.text, at, start - at);  // the rest of a call whose start was dropped
+    size_t body = end > start && log.text[end - 1] == '\n' ? end - 1 : end;
+    out.append(log.text, start, body - start);
+    if (log.calls[i].returned) out += " -> " + std::to_string(log.calls[i].rc);
+    out.append(log.text, body, end - body);
+    at = end;
+  }
+  out.append(log.text, at, std::string::npos);
+  return out;
 }
 
 Section *find_section(std::string_view name) {
@@ -165,28 +223,21 @@ void section_removed(const std::string &name) {
   }
 }
 
+const char kTreePrefix[] = "tcapi ";
+// The section of a saved tree that names the nodes removed before it was saved.
+const char kRemovedNodes[] = "removed tree nodes";
+
+bool is_tree_node(const std::string &name) { return name.rfind(kTreePrefix, 0) == 0; }
+
 Section &make_section(const std::string &name) {
   if (Section *s = find_section(name)) return *s;
+  if (!g_world.removed_nodes.empty() && is_tree_node(name))
+    g_world.removed_nodes.erase(name.substr(sizeof kTreePrefix - 1));
   section_created(name);
   g_world.sections.push_back(Section{name, {}});
   g_world.by_name[g_world.sections.back().name] = std::prev(g_world.sections.end());
   bump();
   return g_world.sections.back();
-}
-
-// Removes every section `doomed` says yes to, from the list and the index.
-template <typename Pred>
-void remove_sections(Pred doomed) {
-  for (auto it = g_world.sections.begin(); it != g_world.sections.end();) {
-    if (doomed(*it)) {
-      section_removed(it->name);
-      g_world.by_name.erase(it->name);
-      it = g_world.sections.erase(it);
-      bump();
-    } else {
-      ++it;
-    }
-  }
 }
 
 void set_value(const std::string &section, const std::string &key, const std::string &value) {
@@ -269,13 +320,32 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
-int load_file(const std::string &path) {
+// A state file's [results] section programs results, as sim_program_result does: "fn = rc"
+// (a captured gateway records so the functions that failed on it). False for a value that is
+// not a number.
+bool program_result_line(const std::string &fn, const std::string &value) {
+  char *end = nullptr;
+  errno = 0;
+  long rc = strtol(value.c_str(), &end, 0);
+  if (fn.empty() || value.empty() || *end != '\0' || errno != 0 || rc < INT_MIN || rc > INT_MAX)
+    return false;
+  g_world.results[fn] = static_cast<int>(rc);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+  return true;
+}
+
+// Loads a state file on top of the state. With `replace`, a section the file holds replaces the
+// section of that name (its values are those of the file alone); else values are added.
+int load_file(const std::string &path, bool replace = false) {
   FILE *f = fopen(path.c_str(), "r");
   if (f == nullptr) return -1;
   std::string section;
-  char line[4096];
+  std::set<std::string> replaced;
+  // Lines of any length: a tree value alone may hold 4095 bytes, each written as \xHH.
+  char *line = nullptr;
+  size_t line_cap = 0;
   int rc = 0, lineno = 0;
-  while (fgets(line, sizeof line, f) != nullptr) {
+  while (getline(&line, &line_cap, f) != -1) {
     ++lineno;
     std::string t = trim(line);
     if (!t.empty() && t.back() == '\n') t.pop_back();
@@ -288,7 +358,11 @@ int load_file(const std::string &path) {
         continue;
       }
       section = trim(t.substr(1, t.size() - 2));
-      make_section(section);
+      Section &s = make_section(section);
+      if (replace && replaced.insert(section).second && !s.entries.empty()) {
+        s.entries.clear();
+        bump();
+      }
       continue;
     }
     size_t eq = t.find('=');
@@ -299,16 +373,74 @@ int load_file(const std::string &path) {
       rc = -1;
       continue;
     }
+    if (section == kResultsSection) {
+      if (!program_result_line(trim(t.substr(0, eq)), value)) {
+        fprintf(stderr, "gateway sim: %s:%d: expected function = result code\n", path.c_str(),
+                lineno);
+        rc = -1;
+      }
+      continue;
+    }
     set_value(section, trim(t.substr(0, eq)), value);
   }
+  free(line);
   fclose(f);
   return rc;
+}
+
+void reset_locked();
+
+// Whether `dir` is a captured gateway (bundle_sc-capture writes capture.ini), and whether the
+// capture finished: its [capture] section says "complete = 1" only once every file is written.
+bool is_capture(const std::string &dir) {
+  struct stat st;
+  return stat((dir + "/" + kCaptureFile).c_str(), &st) == 0;
+}
+
+bool capture_complete(const std::string &dir) {
+  FILE *f = fopen((dir + "/" + kCaptureFile).c_str(), "r");
+  if (f == nullptr) return false;
+  char *line = nullptr;
+  size_t line_cap = 0;
+  std::string section;
+  bool complete = false;
+  while (getline(&line, &line_cap, f) != -1) {
+    std::string t = trim(line);
+    if (!t.empty() && t.back() == '\n') t.pop_back();
+    t = trim(t);
+    if (!t.empty() && t[0] == '[' && t.back() == ']') {
+      section = trim(t.substr(1, t.size() - 2));
+      continue;
+    }
+    size_t eq = t.find('=');
+    std::string value;
+    if (section == "capture" && eq != std::string::npos && trim(t.substr(0, eq)) == "complete" &&
+        decode_value(trim(t.substr(eq + 1)), &value))
+      complete = value == "1";
+  }
+  free(line);
+  fclose(f);
+  return complete;
 }
 
 int load_path(const std::string &path) {
   struct stat st;
   if (stat(path.c_str(), &st) != 0) return -1;
   if (!S_ISDIR(st.st_mode)) return load_file(path);
+  if (is_capture(path)) {
+    // A capture is a whole gateway: it replaces the state rather than adding to it (where the
+    // tree is saved stays as it was). One that did not finish is refused, state untouched.
+    if (!capture_complete(path)) {
+      fprintf(stderr,
+              "gateway sim: %s: an incomplete capture (bundle_sc-capture stopped before it "
+              "finished): not loaded; capture the gateway again\n",
+              path.c_str());
+      return -1;
+    }
+    std::string save_path = g_world.save_path;
+    reset_locked();
+    g_world.save_path = save_path;
+  }
   DIR *d = opendir(path.c_str());
   if (d == nullptr) return -1;
   std::vector<std::string> names;
@@ -365,7 +497,20 @@ void reset_locked() {
   bump();
 }
 
-int load_default_locked() {
+// A tree saved by tcapi_save, over the state just loaded: the nodes it holds replace those of
+// the same name, the nodes it names as removed go, every other node stays as loaded (so
+// nodes a newer default state brings are not hidden by an older saved tree).
+void load_saved_tree(const std::string &path) {
+  load_file(path, true);
+  Section *removed = find_section(kRemovedNodes);
+  if (removed == nullptr) return;
+  std::vector<std::string> nodes;
+  for (auto &e : removed->entries) nodes.push_back(e.first);
+  sim::remove_section(kRemovedNodes);
+  for (auto &n : nodes) sim::remove_section((kTreePrefix + n).c_str());
+}
+
+int load_default_locked(bool saved_tree = true) {
   reset_locked();
   const char *state = getenv("BRELO_SIM_STATE");
   std::string installed = installed_state();
@@ -373,14 +518,12 @@ int load_default_locked() {
                      : !installed.empty()         ? installed
                                                   : std::string(SIM_DEFAULT_STATE));
   const char *save = getenv("BRELO_SIM_SAVE");
-  g_world.save_path = save != nullptr ? save : installed.empty() ? SIM_DEFAULT_SAVE : "";
-  if (!g_world.save_path.empty()) {
+  g_world.save_path = save != nullptr ? save : "";
+  if (saved_tree && !g_world.save_path.empty()) {
     FILE *f = fopen(g_world.save_path.c_str(), "r");
     if (f != nullptr) {
       fclose(f);
-      // The saved tree replaces the shipped one.
-      remove_sections([](const Section &s) { return s.name.rfind("tcapi ", 0) == 0; });
-      load_file(g_world.save_path);
+      load_saved_tree(g_world.save_path);
     }
   }
   return rc;
@@ -422,7 +565,9 @@ void call(const char *fn, const char *argfmt, ...) {
   {
     std::lock_guard<std::recursive_mutex> g(g_mutex);
     ensure_init();
-    if (log_on) append_log(fn, args);
+    if (log_on) {
+      t_pending[t_next_pending++ % kPendingCalls] = PendingCall{append_log(fn, args), fn};
+    }
     if (!g_world.hooks.empty()) {
       auto it = g_world.hooks.find(fn);
       if (it != g_world.hooks.end()) hook = it->second;
@@ -431,11 +576,29 @@ void call(const char *fn, const char *argfmt, ...) {
   if (hook.fn != nullptr) hook.fn(fn, hook.ctx);
 }
 
+int returns(const char *fn, int rc) {
+  if (!logging()) return rc;
+  // This thread's latest logged call of fn.
+  for (unsigned i = 1; i <= kPendingCalls; ++i) {
+    const PendingCall &p = t_pending[(t_next_pending - i) % kPendingCalls];
+    if (p.fn == nullptr || strcmp(p.fn, fn) != 0) continue;
+    std::lock_guard<std::recursive_mutex> g(g_mutex);
+    std::deque<LoggedCall> &calls = g_world.log.calls;
+    if (!calls.empty() && p.serial >= calls.front().serial && p.serial - calls.front().serial < calls.size()) {
+      LoggedCall &call = calls[p.serial - calls.front().serial];
+      call.rc = rc;
+      call.returned = true;
+    }
+    break;
+  }
+  return rc;
+}
+
 int result(const char *fn, int usual) {
-  if (g_result_count.load() == 0) return usual;
+  if (g_result_count.load() == 0) return returns(fn, usual);
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   auto it = g_world.results.find(fn);
-  return it != g_world.results.end() ? it->second : usual;
+  return returns(fn, it != g_world.results.end() ? it->second : usual);
 }
 
 bool has_result(const char *fn) {
@@ -515,6 +678,7 @@ void remove_section(const char *section) {
   auto it = g_world.by_name.find(section);
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
+  if (is_tree_node(doomed->name)) g_world.removed_nodes.insert(doomed->name.substr(sizeof kTreePrefix - 1));
   section_removed(doomed->name);
   g_world.by_name.erase(it);
   g_world.sections.erase(doomed);
@@ -538,11 +702,19 @@ SIM_EXPORT int save_tree() {
   if (g_world.save_path.empty()) return 0;
   FILE *f = fopen(g_world.save_path.c_str(), "w");
   if (f == nullptr) return -1;
-  fprintf(f, "# Configuration tree saved by the gateway simulator's tcapi_save.\n");
+  fprintf(f,
+          "# Configuration tree saved by the gateway simulator's tcapi_save. Read back over the\n"
+          "# default state, its nodes replace the nodes of the same name and the nodes of\n"
+          "# [%s] are removed; the other nodes stay as the default state has them.\n",
+          kRemovedNodes);
   for (auto &s : g_world.sections) {
-    if (s.name.rfind("tcapi ", 0) != 0) continue;
+    if (!is_tree_node(s.name)) continue;
     fprintf(f, "\n[%s]\n", s.name.c_str());
     for (auto &e : s.entries) fprintf(f, "%s = %s\n", e.first.c_str(), encode_value(e.second).c_str());
+  }
+  if (!g_world.removed_nodes.empty()) {
+    fprintf(f, "\n[%s]\n", kRemovedNodes);
+    for (auto &n : g_world.removed_nodes) fprintf(f, "%s = removed\n", n.c_str());
   }
   fclose(f);
   return 0;
@@ -566,6 +738,11 @@ SIM_EXPORT int sim_load(const char *path) {
 SIM_EXPORT int sim_load_default(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   return load_default_locked();
+}
+
+SIM_EXPORT int sim_load_fresh(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  return load_default_locked(false);
 }
 
 SIM_EXPORT void sim_set(const char *section, const char *key, const char *value) {
@@ -595,6 +772,38 @@ SIM_EXPORT void sim_program_result(const char *fn, int rc) {
   g_result_count.store(static_cast<int>(g_world.results.size()));
 }
 
+SIM_EXPORT void sim_clear_result(const char *fn) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  g_world.results.erase(fn);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+}
+
+SIM_EXPORT int sim_platform_function(const char *fn) {
+  int opened = 0;
+  for (const char *soname : {"libbrelo.so.1", "libtcapi.so.1"}) {
+    void *lib = dlopen(soname, RTLD_LAZY | RTLD_NOLOAD);
+    if (lib == nullptr) lib = dlopen(soname, RTLD_LAZY);
+    if (lib == nullptr) continue;
+    ++opened;
+    // Defined by the library itself, not by one it depends on (the simulator's own control).
+    void *sym = dlsym(lib, fn);
+    Dl_info where;
+    struct link_map *map = nullptr;
+    bool found = sym != nullptr && dladdr(sym, &where) != 0 && dlinfo(lib, RTLD_DI_LINKMAP, &map) == 0 &&
+                 map != nullptr && where.dli_fname != nullptr && strcmp(where.dli_fname, map->l_name) == 0;
+    dlclose(lib);
+    if (found) return 1;
+  }
+  return opened == 0 ? -1 : 0;
+}
+
+SIM_EXPORT int sim_section_exists(const char *section) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  return find_section(section) != nullptr ? 1 : 0;
+}
+
 SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
@@ -611,10 +820,18 @@ SIM_EXPORT const char *sim_log(void) {
   return g_world.log_copy.c_str();
 }
 
+SIM_EXPORT const char *sim_log_results(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  g_world.log_copy = log_with_results(g_world.log);
+  return g_world.log_copy.c_str();
+}
+
 SIM_EXPORT void sim_clear_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   g_world.log.text.clear();
   g_world.log.counts.clear();
+  g_world.log.calls.clear();
+  g_world.log.dropped = 0;
 }
 
 SIM_EXPORT int sim_log_count(const char *fn) {

@@ -4,11 +4,19 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include "sim/host/flag_files.h"
+
 namespace testsupport {
+
+std::string gateway_file(const char *path) {
+  char buf[4096];
+  return sim_gateway_file(path, buf, sizeof buf);
+}
 
 static bool exists(const std::string &path) { return access(path.c_str(), F_OK) == 0; }
 
-FlagFile::FlagFile(const char *path, bool present) : path_(path), existed_(exists(path)) {
+FlagFile::FlagFile(const char *path, bool present)
+    : path_(gateway_file(path)), existed_(exists(path_)) {
   set(present);
 }
 

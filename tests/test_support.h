@@ -14,8 +14,12 @@
 
 namespace testsupport {
 
-// Creates or removes a flag file for the duration of a scope and restores what was there.
-// Tests that use flag files are serialised by ctest (they share /tmp).
+// Where the gateway's file `path` ("/tmp/brelo_debug", ...) is for this test program: in its own
+// flag folder (tests/flag_folder.cpp), where the host side makes the library look.
+std::string gateway_file(const char *path);
+
+// Creates or removes one of the gateway's flag files (named by its gateway path) for the
+// duration of a scope and restores what was there.
 class FlagFile {
  public:
   FlagFile(const char *path, bool present);

@@ -2,9 +2,10 @@
 // and down, reports its state and addresses, and steers chosen destinations (IPv4 addresses
 // or domain names) into it with host routes on the tunnel's interface.
 //
-// Host routes are made by the system's route tool, run through system(), so every text that
-// reaches a command line is built here from numbers or from inet_ntop's output: a destination
-// text from Java never reaches the shell, whatever it holds.
+// Host routes are made by the system's route tool, run through system() (bundle::run_command,
+// which off the gateway runs nothing unless the simulator's host side stands in for it), so
+// every text that reaches a command line is built here from numbers or from inet_ntop's
+// output: a destination text from Java never reaches the shell, whatever it holds.
 #include <arpa/inet.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -67,6 +68,15 @@ bool device_name_safe(const char *device) {
 
 const char *route_verb(int mode) { return mode == kRouteAdd ? "add" : "delete"; }
 
+// One host route added or deleted on `device` by the route tool; the outcome is never checked.
+void route_host(int mode, const char *address, const char *device) {
+  char command[kCommandSize] = {};
+  snprintf(command, sizeof command,
+           "/sbin/route %s -net %s netmask 255.255.255.255 dev %s >/dev/null 2>&1",
+           route_verb(mode), address, device);
+  bundle::run_command(command);
+}
+
 // One host route on the tunnel for every destination of the array (at most the first 20000):
 // an address directly, a domain name through handle_route_of_domain. Outcomes are not checked.
 void route_destinations(JNIEnv *env, jobjectArray array, int mode) {
@@ -89,12 +99,9 @@ void route_destinations(JNIEnv *env, jobjectArray array, int mode) {
       // The address goes into the command as the four scanned numbers, never as the Java
       // text: for every canonical address text that is the text itself, and white space or a
       // sign that the scan lets through before a number cannot reach the shell.
-      char command[kCommandSize] = {};
-      snprintf(command, sizeof command,
-               "/sbin/route %s -net %d.%d.%d.%d netmask 255.255.255.255 dev %s >/dev/null 2>&1",
-               route_verb(mode), quad[0], quad[1], quad[2], quad[3], VPN_TUNNEL_DEVICE);
-      int rc = system(command);  // the outcome is never checked
-      (void)rc;
+      char address[kAddressTextSize] = {};
+      snprintf(address, sizeof address, "%d.%d.%d.%d", quad[0], quad[1], quad[2], quad[3]);
+      route_host(mode, address, VPN_TUNNEL_DEVICE);
     } else {
       // Anything else is taken as a domain name; only its resolved addresses reach a command.
       handle_route_of_domain(const_cast<char *>(text.get()), VPN_TUNNEL_DEVICE, mode);
@@ -141,9 +148,10 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
                        "VPN password is NULL!", "VPN password out of size!")) {
     reply.append("%s", kFailure);
   } else {
-    // The debug trace has always shown the password in clear; kept on purpose (it prints
-    // only while the trace flag file exists). The hardened profile masks it.
-    BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, user, bundle::secret(password));
+    // The debug trace has always shown the user name and password in clear; kept on purpose
+    // (it prints only while the trace flag file exists). The hardened profile masks both.
+    BUNDLE_TRACE("VPN ServerIP=%s, Uname=%s, Upass=%s\n", server, bundle::secret(user),
+                 bundle::secret(password));
     reply.append("%s", brelo_vpnOn(server, user, password) == 0 ? kSuccess : kFailure);
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -184,11 +192,11 @@ Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIp
   bundle::Reply<4120> reply;
   static_assert(sizeof "{\"Result\":0,\"ips\":[]}" + 4095 <= 4120, "the list fits the reply");
   if (brelo_getConnectedIpList(list.out(), list.size()) == 0)
-    reply.append("{\"Result\":0,\"ips\":[%s]}", list.text());
+    reply.append("{\"Result\":0,\"ips\":[%s]}", bundle::raw_json(list.text(), bundle::RawJson::kItems));
   else
     reply.append("%s", kIpListFailure);
   // The platform's list goes between the brackets raw; the hardened profile answers the
-  // failure reply when that does not make valid JSON.
+  // failure reply when it is not the inside of a JSON array.
   return BUNDLE_JSON_REPLY(env, bundle::checked_reply(reply.c_str(), kIpListFailure));
 }
 
@@ -218,7 +226,6 @@ JNIEXPORT int isipv4str(const char *text) {
 // or a name that does not resolve. The name itself never reaches a command: only inet_ntop's
 // text of each address does.
 JNIEXPORT int handle_route_of_domain(char *domain, const char *device, int mode) {
-  char command[kCommandSize] = {};
   char address[kAddressTextSize] = {};
   if (domain == nullptr || device == nullptr) return -1;
   if (!device_name_safe(device)) {
@@ -238,11 +245,7 @@ JNIEXPORT int handle_route_of_domain(char *domain, const char *device, int mode)
   }
   for (int i = 0; i < answer.count; ++i) {
     if (inet_ntop(answer.family, answer.address[i], address, sizeof address) == nullptr) continue;
-    snprintf(command, sizeof command,
-             "/sbin/route %s -net %s netmask 255.255.255.255 dev %s >/dev/null 2>&1",
-             route_verb(mode), address, device);
-    int rc = system(command);  // the outcome is never checked
-    (void)rc;
+    route_host(mode, address, device);
   }
   return 0;
 }

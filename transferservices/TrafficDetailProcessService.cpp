@@ -6,6 +6,7 @@
 #include <string.h>
 
 #include "common/array_readers.h"
+#include "common/hardened.h"
 #include "common/native.h"
 #include "common/native_reply.h"
 #include "common/platform_forward.h"
@@ -106,12 +107,14 @@ Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_g
       const HttpTrafficProcessRule &r = list[i];
       // The port is a number written inside quotes, and the two lists go between the
       // brackets raw, as the platform keeps them: both kept on purpose, Java reads them so.
+      // The hardened profile places a list only when it is the inside of a JSON array.
       reply.append("{\"RemoteAddress\":\"%s\",\"RemotePort\":\"%d\",\"Direction\":\"%s\","
                    "\"HostMAC\":\"%s\",\"MethodList\":[%s],\"HeaderList\":[%s],"
                    "\"BundleName\":\"%s\"}",
                    transfer::field_text(r.remote_address), static_cast<int>(r.remote_port),
                    transfer::field_text(r.direction), transfer::field_text(r.host_mac),
-                   transfer::field_text(r.method_list), transfer::field_text(r.header_list),
+                   bundle::raw_json(transfer::field_text(r.method_list), bundle::RawJson::kItems),
+                   bundle::raw_json(transfer::field_text(r.header_list), bundle::RawJson::kItems),
                    transfer::field_text(r.bundle_name));
       if (i != count - 1) reply.append(",");
     }

@@ -11,6 +11,8 @@
 //     (key: the name, value: IPv4 addresses separated by blanks); any other name, or a
 //     programmed result other than 0, does not resolve (h_errno HOST_NOT_FOUND).
 // Like the real resolver it answers in one static entry that the next lookup overwrites.
+// Without it, in a process that runs the bridge off the gateway, the bridge makes no route
+// command and no lookup at all (sim/host_side.cpp).
 #include <arpa/inet.h>
 #include <netdb.h>
 #include <sched.h>
@@ -51,6 +53,10 @@ void note_route(const char *command) {
 }  // namespace
 
 extern "C" {
+
+// Marks this library for the simulated platform, which tells the bridge whether it is in place
+// (sim/host_side.cpp).
+SIM_EXPORT int sim_host_side(void) { return 1; }
 
 SIM_EXPORT int system(const char *command) {
   if (command == nullptr) return 1;  // a shell is available

@@ -23,7 +23,6 @@ using testsupport::mask_line_numbers;
 const char kStartName[] =
     "Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_"
     "startTraceRouteDiagnosticsJni";
-const char kStatDir[] = "/tmp/cwmp";
 const char kStatFile[] = "/tmp/cwmp/traceroutediagnostic_stat";
 
 std::string state(const char *section, const char *key) {
@@ -31,25 +30,31 @@ std::string state(const char *section, const char *key) {
   return v != nullptr ? v : "<absent>";
 }
 
-bool exists(const char *path) { return access(path, F_OK) == 0; }
+bool exists(const std::string &path) { return access(path.c_str(), F_OK) == 0; }
 
-// Creates the platform's result file for one test (and /tmp/cwmp when it is missing) and
-// removes whatever it created.
+// Creates the platform's result file for one test (and its folder "cwmp" when it is missing),
+// in this test program's own flag folder, and removes whatever it created.
 class StatFile {
  public:
-  StatFile() : made_dir_(!exists(kStatDir)), existed_(exists(kStatFile)) {
-    if (made_dir_) mkdir(kStatDir, 0755);
-    FILE *f = fopen(kStatFile, "a");
+  StatFile()
+      : file_(testsupport::gateway_file(kStatFile)),
+        dir_(file_.substr(0, file_.rfind('/'))),
+        made_dir_(!exists(dir_)),
+        existed_(exists(file_)) {
+    if (made_dir_) mkdir(dir_.c_str(), 0755);
+    FILE *f = fopen(file_.c_str(), "a");
     if (f != nullptr) fclose(f);
   }
   ~StatFile() {
-    if (!existed_) unlink(kStatFile);
-    else if (!exists(kStatFile)) fclose(fopen(kStatFile, "a"));  // put back what was there
-    if (made_dir_) rmdir(kStatDir);
+    if (!existed_) unlink(file_.c_str());
+    else if (!exists(file_)) fclose(fopen(file_.c_str(), "a"));  // put back what was there
+    if (made_dir_) rmdir(dir_.c_str());
   }
-  bool present() const { return exists(kStatFile); }
+  bool present() const { return exists(file_); }
 
  private:
+  std::string file_;
+  std::string dir_;
   bool made_dir_;
   bool existed_;
 };
@@ -266,7 +271,7 @@ TEST_F(TraceRouteDiagnosticsService, ResultFileIsDeletedAfterEveryResultQuery) {
 }
 
 TEST_F(TraceRouteDiagnosticsService, ResultQueryWithoutAResultFileIsFine) {
-  if (exists(kStatFile)) GTEST_SKIP() << "this machine has a result file of its own";
+  ASSERT_FALSE(exists(testsupport::gateway_file(kStatFile)));
   EXPECT_EQ(result(), "{\"Result\":0,\"ResponseTime\":0,\"HopsNumberOfEntries\":0,\"RouteHops\": []}");
   EXPECT_EQ(log(), "brelo_getTraceRouteDiagnosticsResult()\n");
 }

@@ -17,6 +17,10 @@ jstring Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_
     JNIEnv *, jobject);
 jstring Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIfInfoJni(
     JNIEnv *, jobject, jint);
+jint Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni(
+    JNIEnv *, jobject, jint, jint, jint, jstring, jstring);
+jstring Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPortMappingInfoJni(
+    JNIEnv *, jobject);
 }
 
 namespace wan_config_service_test {
@@ -284,6 +288,65 @@ TEST_F(WanConfigService, DeletePassesThePlatformsResultThrough) {
   EXPECT_EQ(NATIVE(deleteWANIfJni)(env(), self(), 5), -1);
   sim_program_result("brelo_wanDeleteIf", 4);
   EXPECT_EQ(NATIVE(deleteWANIfJni)(env(), self(), 5), 4);
+}
+
+// The simulated gateway keeps its configuration tree in step with its connections: an added
+// WAN is in the tree as the default ones are, so it takes port mappings; a change of its
+// services shows there; a deleted one leaves the tree with its rules.
+TEST_F(WanConfigService, AnAddedWanIsInTheConfigurationTreeAndTakesPortMappings) {
+  ASSERT_EQ(sim_load_default(), 0);
+  sim_set_save_path(nullptr);
+  auto tree = [](const char *node, const char *attr) {
+    const char *v = sim_get((std::string("tcapi ") + node).c_str(), attr);
+    return std::string(v != nullptr ? v : "<absent>");
+  };
+  auto map = [&](int wan) {
+    return Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_addPortMappingJni(
+        env(), self(), wan, 8443, 443, jvm().str("TCP"), jvm().str("192.168.1.20"));
+  };
+  auto mappings = [&] {
+    return text(Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPortMappingInfoJni(
+        env(), self()));
+  };
+  EXPECT_EQ(add("2", "50", "IP_Routed"), 5);
+  EXPECT_EQ(tree("WanInfo_Common", "ValidIFIndex"), "0,8,16,24,32");
+  EXPECT_EQ(tree("Wan_PVC4", "VLANMode"), "TAG");
+  EXPECT_EQ(tree("Wan_PVC4", "VLANID"), "50");
+  EXPECT_EQ(tree("Wan_PVC4_Entry0", "IFIdx"), "5");
+  EXPECT_EQ(tree("Wan_PVC4_Entry0", "ServiceList"), "INTERNET");
+  EXPECT_EQ(tree("Wan_PVC4_Entry0", "WanMode"), "Route");
+  EXPECT_EQ(map(5), 0);
+  EXPECT_NE(mappings().find("{\"WANName\":\"5_INTERNET_R_VID_50\",\"MapList\":[{\"PortMappingIndex\":1,"
+                            "\"PortMappingEnabled\":\"TRUE\",\"ExternalPort\":8443,\"InternalPort\":443,"
+                            "\"PortMappingProtocol\":\"TCP\",\"InternalClient\":\"192.168.1.20\"}]}"),
+            std::string::npos)
+      << mappings();
+
+  // An untagged bridge.
+  EXPECT_EQ(add("1", "0", "PPPoE_Bridged"), 6);
+  EXPECT_EQ(tree("WanInfo_Common", "ValidIFIndex"), "0,8,16,24,32,40");
+  EXPECT_EQ(tree("Wan_PVC5", "VLANMode"), "UNTAG");
+  EXPECT_EQ(tree("Wan_PVC5_Entry0", "WanMode"), "Bridge");
+
+  // Made the management WAN, it takes no more rules, like the default one.
+  EXPECT_EQ(set(5, "{\"ServiceList\":\"TR069\"}"), 0);
+  EXPECT_EQ(tree("Wan_PVC4_Entry0", "ServiceList"), "TR069");
+  EXPECT_EQ(map(5), -1);
+
+  EXPECT_EQ(NATIVE(deleteWANIfJni)(env(), self(), 5), 0);
+  EXPECT_EQ(tree("WanInfo_Common", "ValidIFIndex"), "0,8,16,24,40");
+  EXPECT_EQ(tree("Wan_PVC4_Entry0", "IFIdx"), "<absent>");
+  EXPECT_EQ(tree("Wan_PVC4", "VLANID"), "<absent>");
+  EXPECT_EQ(tree("VirServer_Entry32_Entry0", "LOCALIP"), "<absent>");
+  EXPECT_EQ(map(5), -1);
+  EXPECT_EQ(mappings().find("5_INTERNET"), std::string::npos);
+  // A default WAN goes the same way; its PVC's node stays while another connection uses it.
+  sim_set("wan 7", "PVC", "1");
+  sim_set("wan 7", "Entry", "1");
+  EXPECT_EQ(NATIVE(deleteWANIfJni)(env(), self(), 2), 0);
+  EXPECT_EQ(tree("WanInfo_Common", "ValidIFIndex"), "0,16,24,40");
+  EXPECT_EQ(tree("VirServer_Entry8_Entry0", "LOCALIP"), "<absent>");
+  EXPECT_EQ(tree("Wan_PVC1", "VLANID"), "41");
 }
 
 TEST_F(WanConfigService, DeleteTracesItsCode) {

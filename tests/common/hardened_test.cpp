@@ -29,6 +29,13 @@ jstring Java_com_lumarest_smartgateway_commservices_DeviceSecretInfoQueryService
     JNIEnv *, jobject);
 jint Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecurityJni(
     JNIEnv *, jobject, jint, jstring, jstring, jstring);
+jstring Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(JNIEnv *, jobject);
+jstring Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_getHTTPTrafficProcessRuleInfoJni(
+    JNIEnv *, jobject);
+jstring Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIpListJni(JNIEnv *,
+                                                                                               jobject);
+jstring Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(JNIEnv *, jobject, jstring,
+                                                                                  jstring, jstring);
 }
 
 namespace {
@@ -162,6 +169,34 @@ TEST(HardenedProfile, CheckedReplyReplacesOnlyInvalidObjects) {
   EXPECT_EQ(bundle::checked_reply(plain, nullptr), plain);
 }
 
+// Platform texts placed outside quotes: only what their place holds, in the hardened profile.
+TEST(HardenedProfile, RawFragmentsAreOnlyWhatTheirPlaceHolds) {
+  using bundle::RawJson;
+  auto placed = [](const char *text, RawJson kind, size_t max = SIZE_MAX) {
+    return bundle::raw_json(text, kind, max) == text;
+  };
+  for (const char *items : {"", " ", "\"GET\",\"POST\"", " 1 , {\"a\":[2,\"]\"]} ,null", "\"a,b\""})
+    EXPECT_TRUE(placed(items, RawJson::kItems)) << items;
+  for (const char *items : {"GET,POST", "\"GET\"],\"Admin\":true,\"x\":[\"", "\"a\",", ",\"a\"", "]", "[",
+                            "\"a\" \"b\"", "\"a\"]", "{\"a\":1}}", "\"\n\""})
+    EXPECT_EQ(placed(items, RawJson::kItems), !kHardened) << items;
+  // Items must end where the text does: a text the caller cuts is refused.
+  EXPECT_EQ(placed("\"ab\"", RawJson::kItems, 4), !kHardened);
+  EXPECT_TRUE(placed("\"ab\"", RawJson::kItems, 5));
+  for (const char *number : {"15512064", "0", "-1.5e3", "31"})
+    EXPECT_TRUE(placed(number, RawJson::kNumber)) << number;
+  for (const char *number : {"", "1,\"Admin\":true", "12 ", " 12", "0x10", "01", "1e", "NaN", "\"1\"",
+                             "1234567890123456789012345678901234567890"})
+    EXPECT_EQ(placed(number, RawJson::kNumber), !kHardened) << number;
+  // A number is judged by the bytes placed.
+  EXPECT_TRUE(placed("123abc", RawJson::kNumber, 3));
+  EXPECT_EQ(placed("12a", RawJson::kNumber, 3), !kHardened);
+  EXPECT_EQ(bundle::raw_json(nullptr, RawJson::kItems), nullptr);
+  // What takes a refused fragment's place can never be part of a JSON text.
+  EXPECT_FALSE(bundle::json_valid(bundle::kRejectedFragment));
+  EXPECT_FALSE(bundle::json_valid((std::string("[") + bundle::kRejectedFragment + "]").c_str()));
+}
+
 TEST(HardenedProfile, SecretIsMasked) {
   EXPECT_STREQ(bundle::secret("hunter2"), kHardened ? "******" : "hunter2");
 }
@@ -242,6 +277,63 @@ TEST_F(HardenedReplies, NeighbourSsidIsEscapedOnce) {
             std::string::npos)
       << reply;
   EXPECT_EQ(bundle::json_valid(reply.c_str()), kHardened) << reply;
+}
+
+// A platform list or size that would end its place and add a member: placed as it is by
+// default, the native's failure reply when hardened.
+TEST_F(HardenedReplies, PlatformFragmentsOutsideQuotesAddNoMember) {
+  const char *list_injection = "\"GET\"],\"Admin\":true,\"x\":[";
+  sim_set("http rule 1", "method_list", list_injection);
+  sim_set("http rule 1", "header_list", "\"Host\"");
+  sim_set("http rule 1", "bundle_name", "b");
+  std::string rules = text(
+      Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_getHTTPTrafficProcessRuleInfoJni(
+          env(), self()));
+  EXPECT_EQ(rules, kHardened ? "{\"Result\":-1,\"List\":[]}"
+                             : "{\"Result\":0,\"List\":[{\"RemoteAddress\":\"\",\"RemotePort\":\"0\","
+                               "\"Direction\":\"\",\"HostMAC\":\"\",\"MethodList\":[\"GET\"],\"Admin\":true,"
+                               "\"x\":[],\"HeaderList\":[\"Host\"],\"BundleName\":\"b\"}]}");
+  EXPECT_TRUE(bundle::json_valid(rules.c_str())) << rules;  // valid either way: hence the check
+  sim_set("http rule 1", "method_list", "\"GET\"");
+  sim_set("http rule 1", "header_list", list_injection);
+  EXPECT_EQ(has_member(text(
+                Java_com_lumarest_smartgateway_transferservices_TrafficDetailProcessServiceImp_getHTTPTrafficProcessRuleInfoJni(
+                    env(), self())),
+                       "\"Admin\""),
+            !kHardened);
+
+  sim_set("vpn", "connected_list", "\"10.0.0.1\"],\"Admin\":true,\"x\":[");
+  EXPECT_EQ(text(Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_getConnectedIpListJni(
+                env(), self())),
+            kHardened ? "{\"Result\":-1,\"ips\":[]}"
+                      : "{\"Result\":0,\"ips\":[\"10.0.0.1\"],\"Admin\":true,\"x\":[]}");
+
+  sim_set("storage 1", "path", "/mnt/usb1_1");
+  sim_set("storage 1", "total", "1,\"Admin\":true");
+  sim_set("storage 1", "free", "2");
+  EXPECT_EQ(text(Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(env(), self())),
+            kHardened ? "{\"Result\":-1,\"List\":[]}"
+                      : "{\"Result\":0,\"List\":[{\"storagePath\":\"/mnt/usb1_1\",\"totalStorage\":1,"
+                        "\"Admin\":true,\"validStorage\":2}]}");
+  sim_set("storage 1", "total", "1");
+  sim_set("storage 1", "free", "2}],\"Admin\":true,\"x\":[{\"y\":3");
+  EXPECT_EQ(has_member(text(Java_com_lumarest_smartgateway_commservices_UsbServiceImp_getStorageInfoJni(
+                           env(), self())),
+                       "\"Admin\""),
+            !kHardened);
+}
+
+// The VPN's user name is masked like its password.
+TEST_F(HardenedReplies, VpnCredentialsAreMaskedInTheTrace) {
+  FlagFile flag(TRACE_FLAG_PATH, true);
+  CaptureStdout out;
+  Java_com_lumarest_smartgateway_transferservices_L2TPVPNServiceImp_vpnOnJni(
+      env(), self(), jvm().str("203.0.113.10"), jvm().str("anna-user"), jvm().str("s3cret-vpn"));
+  std::string trace = out.finish();
+  EXPECT_NE(trace.find(kHardened ? "VPN ServerIP=203.0.113.10, Uname=******, Upass=******\n"
+                                 : "VPN ServerIP=203.0.113.10, Uname=anna-user, Upass=s3cret-vpn\n"),
+            std::string::npos)
+      << trace;
 }
 
 TEST_F(HardenedReplies, SecretsAreMaskedInTheTrace) {

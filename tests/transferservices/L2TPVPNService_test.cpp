@@ -147,8 +147,8 @@ TEST_F(Vpn, TheTraceShowsTheCredentials) {
   CaptureStdout out;
   on(jvm().str("203.0.113.10"), jvm().str("anna"), jvm().str("pw"));
   EXPECT_EQ(mask_line_numbers(out.finish()),
-            std::string(kOn) + "VPN ServerIP=203.0.113.10, Uname=anna, Upass=" +
-                (bundle::hardened_profile() ? "******" : "pw") + "\n" + kOn +
+            std::string(kOn) + "VPN ServerIP=203.0.113.10, Uname=" +
+                (bundle::hardened_profile() ? "******, Upass=******" : "anna, Upass=pw") + "\n" + kOn +
                 "vpnOnJni: return json = {\"Result\":0}   leave============>\n");
 }
 

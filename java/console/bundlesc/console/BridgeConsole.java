@@ -37,6 +37,8 @@ public final class BridgeConsole {
         "  --list [CLASS]                  list the native methods of all service classes, or of one",
         "  CLASS METHOD [ARG...]           call one native method and print its result",
         "  --batch FILE|- [--echo-off]     run one command per line from FILE or standard input",
+        "  --fresh CALL-OR-BATCH           start from the default simulated gateway, not from the",
+        "                                  configuration tree saved in $BRELO_SIM_SAVE",
         "  --help                          show this text",
         "",
         "CLASS is a service class: DeviceInfoQueryServiceImp, DeviceInfoQueryService,",
@@ -64,7 +66,11 @@ public final class BridgeConsole {
         "Exit status: 0 success, 1 a batch command failed, 2 usage error or failed call",
         "(unknown class or method, bad argument, native library not loadable, native threw).",
         "",
-        "The service classes are those the library exports natives for (the build's list).");
+        "The service classes are those the library exports natives for (the build's list).",
+        "",
+        "Against the simulated gateway the configuration tree is saved at every tcapi_save: to",
+        "$BRELO_SIM_SAVE when it is set (and read back by the next session), else to a folder of",
+        "this session's own, printed at the start and removed at the end if nothing was saved.");
 
     private final InputStream stdin;
     private final PrintStream out;
@@ -119,6 +125,7 @@ public final class BridgeConsole {
     private int runOptions(String[] args) throws ConsoleException {
         String batch = null;
         boolean echo = true;
+        boolean fresh = false;
         int i = 0;
         while (i < args.length && args[i].startsWith("-")) {
             String option = args[i];
@@ -141,6 +148,9 @@ public final class BridgeConsole {
             } else if (option.equals("--echo-off")) {
                 echo = false;
                 i++;
+            } else if (option.equals("--fresh")) {
+                fresh = true;
+                i++;
             } else if (option.equals("--")) {
                 i++;
                 break;
@@ -152,16 +162,21 @@ public final class BridgeConsole {
             if (i < args.length) {
                 throw usageError("--batch takes no command on the command line (found '" + args[i] + "')");
             }
-            return runBatch(batch, echo);
-        }
-        if (!echo) {
+        } else if (!echo) {
             throw usageError("--echo-off only applies to --batch");
-        }
-        if (i >= args.length) {
+        } else if (i >= args.length) {
             throw usageError("no command given");
         }
-        call(tokens(args, i));
-        return EXIT_OK;
+        SimulatorSession session = SimulatorSession.begin(fresh, notes());
+        try {
+            if (batch != null) {
+                return runBatch(batch, echo);
+            }
+            call(tokens(args, i));
+            return EXIT_OK;
+        } finally {
+            session.end();
+        }
     }
 
     private static ConsoleException usageError(String message) {

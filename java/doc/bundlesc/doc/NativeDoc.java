@@ -6,6 +6,27 @@ import java.util.List;
 
 /** One native method of a service class as its source declares and documents it. */
 final class NativeDoc {
+    /** One {@code @oddity} block: which oddities, when they show, and a transcript showing them. */
+    static final class Oddity {
+        /** Names of {@link bundlesc.reply.Repair.Kind}s, as written. */
+        final List<String> kinds;
+        /** The block's words before its transcript, blanks folded (HTML as javadoc shows it). */
+        final String words;
+        /** Console commands ("&gt; Class method arguments") and what each printed; may be empty. */
+        final List<String> transcript;
+
+        Oddity(List<String> kinds, String words, List<String> transcript) {
+            this.kinds = Collections.unmodifiableList(new ArrayList<String>(kinds));
+            this.words = words;
+            this.transcript = Collections.unmodifiableList(new ArrayList<String>(transcript));
+        }
+
+        /** The last reply of the transcript (the documented native's); null without one. */
+        String reply() {
+            return transcript.isEmpty() ? null : transcript.get(transcript.size() - 1);
+        }
+    }
+
     /** Short package name, e.g. "accessservices". */
     final String packageName;
     /** Simple class name, e.g. "AccessInfoQueryServiceImp". */
@@ -21,10 +42,12 @@ final class NativeDoc {
     final String exampleCall;
     /** What the console prints for the example call, one entry per line. */
     final List<String> exampleOutput;
+    /** The oddities its replies show, as its comment lists them. */
+    final List<Oddity> oddities;
 
     NativeDoc(String packageName, String className, String methodName, String returnType,
             List<String> parameterTypes, List<String> parameterNames, String comment,
-            String exampleCall, List<String> exampleOutput) {
+            String exampleCall, List<String> exampleOutput, List<Oddity> oddities) {
         this.packageName = packageName;
         this.className = className;
         this.methodName = methodName;
@@ -34,6 +57,7 @@ final class NativeDoc {
         this.comment = comment;
         this.exampleCall = exampleCall;
         this.exampleOutput = Collections.unmodifiableList(new ArrayList<String>(exampleOutput));
+        this.oddities = Collections.unmodifiableList(new ArrayList<Oddity>(oddities));
     }
 
     String qualifiedClassName() {

@@ -24,6 +24,20 @@ import java.util.regex.Pattern;
  * </pre>
  * The text is taken as javadoc shows it: Unicode escapes are translated first, the leading
  * blanks and asterisk of each comment line are removed, and one blank after the asterisk.
+ *
+ * <p>A native whose replies show an oddity (a reply that is not plain JSON, as the reply
+ * reader bundlesc.reply repairs it) says so in an {@code @oddity} block: the names of the
+ * oddities ({@link bundlesc.reply.Repair.Kind}), a few words on when it shows, and, where a
+ * bundle can bring it about from the default simulated gateway, a transcript of the bridge
+ * console: each command as "&gt; Class method arguments" followed by what the console prints.
+ * <pre>
+ * &#64;oddity MISSING_COMMA With a second guest SSID: &lt;pre&gt;{&#64;code
+ * &gt; WlanConfigService addWLANGuestSSIDJni 6
+ * 0
+ * &gt; WlanQueryService getGuestSSIDInfoJni
+ * {"Result":0,"List":[{...}{...}]}
+ * }&lt;/pre&gt;
+ * </pre>
  */
 final class ReferenceSources {
     static final String BASE_PACKAGE = "com.lumarest.smartgateway";
@@ -99,15 +113,18 @@ final class ReferenceSources {
             }
             String call = null;
             List<String> output = new ArrayList<String>();
+            List<NativeDoc.Oddity> oddities = new ArrayList<NativeDoc.Oddity>();
             if (comment != null) {
-                List<String> example = example(comment, where + ":" + line(text, m.start()) + " (" + method + ")");
+                String at = where + ":" + line(text, m.start()) + " (" + method + ")";
+                List<String> example = example(comment, at);
                 if (example != null) {
                     call = example.get(0);
                     output.addAll(example.subList(1, example.size()));
                 }
+                oddities.addAll(oddities(comment, at));
             }
             natives.add(new NativeDoc(expectedPackage, className, method, returnType, types, names, comment, call,
-                    output));
+                    output, oddities));
         }
         return natives;
     }
@@ -236,7 +253,19 @@ final class ReferenceSources {
         if (!open.find(at)) {
             throw new SourceException(where + ": @example must be followed by <pre>{@code");
         }
-        int start = open.end();
+        List<String> lines = codeBlock(comment, open.end(), where, "@example");
+        if (lines.size() < 2 || lines.get(0).trim().isEmpty()) {
+            throw new SourceException(where + ": an example is a call line followed by the console's output");
+        }
+        return lines;
+    }
+
+    /**
+     * The lines of a {@code <pre>{@code ...}</pre>} block whose text starts at {@code start}
+     * (just after "{@code"), one blank at the start of each line removed.
+     */
+    private static List<String> codeBlock(String comment, int start, String where, String tag)
+            throws SourceException {
         int depth = 1;
         int i = start;
         for (; i < comment.length() && depth > 0; i++) {
@@ -248,11 +277,11 @@ final class ReferenceSources {
             }
         }
         if (depth != 0) {
-            throw new SourceException(where + ": the @example's {@code has no matching closing brace");
+            throw new SourceException(where + ": the " + tag + "'s {@code has no matching closing brace");
         }
         int end = i - 1;
         if (!comment.startsWith("</pre>", i)) {
-            throw new SourceException(where + ": the @example's {@code block must end with }</pre>");
+            throw new SourceException(where + ": the " + tag + "'s {@code block must end with }</pre>");
         }
         String body = comment.substring(start, end);
         List<String> lines = new ArrayList<String>(Arrays.asList(body.split("\n", -1)));
@@ -271,10 +300,43 @@ final class ReferenceSources {
             String l = lines.get(k);
             lines.set(k, l.startsWith(" ") ? l.substring(1) : l);
         }
-        if (lines.size() < 2 || lines.get(0).trim().isEmpty()) {
-            throw new SourceException(where + ": an example is a call line followed by the console's output");
-        }
         return lines;
+    }
+
+    private static final Pattern ODDITY = Pattern.compile("(?m)^\\s*@oddity(?![\\w])");
+    private static final Pattern BLOCK_TAG = Pattern.compile("(?m)^\\s*@\\w");
+    private static final Pattern ODDITY_KINDS = Pattern.compile("\\G\\s*([A-Z_]+(?:,[A-Z_]+)*)(?=\\s)");
+    private static final Pattern TRANSCRIPT = Pattern.compile("<pre>\\{@code");
+
+    /** The comment's {@code @oddity} blocks, in their order; empty when it has none. */
+    static List<NativeDoc.Oddity> oddities(String comment, String where) throws SourceException {
+        List<NativeDoc.Oddity> result = new ArrayList<NativeDoc.Oddity>();
+        Matcher tag = ODDITY.matcher(comment);
+        while (tag.find()) {
+            Matcher next = BLOCK_TAG.matcher(comment);
+            int end = next.find(tag.end()) ? next.start() : comment.length();
+            Matcher kinds = ODDITY_KINDS.matcher(comment).region(tag.end(), end);
+            if (!kinds.find()) {
+                throw new SourceException(where + ": @oddity must name its oddities first (e.g. @oddity TRAILING_COMMA ...)");
+            }
+            List<String> names = Arrays.asList(kinds.group(1).split(","));
+            Matcher block = TRANSCRIPT.matcher(comment).region(kinds.end(), end);
+            String words;
+            List<String> transcript = new ArrayList<String>();
+            if (block.find()) {
+                words = comment.substring(kinds.end(), block.start());
+                transcript = codeBlock(comment, block.end(), where, "@oddity");
+                if (transcript.size() < 2 || !transcript.get(0).startsWith("> ")
+                        || transcript.get(transcript.size() - 1).startsWith("> ")) {
+                    throw new SourceException(where + ": an @oddity transcript is console commands, each "
+                            + "written \"> Class method arguments\" and followed by what the console printed");
+                }
+            } else {
+                words = comment.substring(kinds.end(), end);
+            }
+            result.add(new NativeDoc.Oddity(names, words.replaceAll("\\s+", " ").trim(), transcript));
+        }
+        return result;
     }
 
     /** Translates \\uXXXX escapes as the Java compiler does before anything else reads the source. */

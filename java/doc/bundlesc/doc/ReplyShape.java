@@ -5,10 +5,18 @@ import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 
+import com.google.gson.JsonElement;
+import com.google.gson.JsonPrimitive;
+
+import bundlesc.reply.Reply;
+import bundlesc.reply.ReplyReader;
+import bundlesc.reply.Repair;
+
 /**
  * The shape of a JSON reply, read from an example: its members in order with their JSON
- * types (number, quoted text, array of objects with their members, object). The reader is
- * lenient where replies are: a comma before a closing bracket is accepted.
+ * types (number, quoted text, array of objects with their members, object). The reply is
+ * read by the reply reader, as leniently as bundles read replies; a reply cut short is no
+ * shape.
  */
 final class ReplyShape {
     /** A value's type; for objects and array elements the members in order of appearance. */
@@ -24,135 +32,37 @@ final class ReplyShape {
         }
     }
 
-    private final String text;
-    private int pos;
-
-    private ReplyShape(String text) {
-        this.text = text;
-    }
+    private ReplyShape() {}
 
     /** The type of a JSON text, or null when it is not JSON. */
     static Type of(String json) {
-        ReplyShape r = new ReplyShape(json);
-        try {
-            r.blanks();
-            Type t = r.value();
-            r.blanks();
-            return r.pos == json.length() ? t : null;
-        } catch (IllegalArgumentException | StringIndexOutOfBoundsException e) {
-            return null;
+        Reply reply = ReplyReader.read(json);
+        return reply.isJson() && !reply.has(Repair.Kind.CUT_SHORT) ? type(reply.tree()) : null;
+    }
+
+    private static Type type(JsonElement value) {
+        if (value.isJsonObject()) {
+            Map<String, Type> members = new LinkedHashMap<String, Type>();
+            for (Map.Entry<String, JsonElement> e : value.getAsJsonObject().entrySet()) {
+                members.put(e.getKey(), type(e.getValue()));
+            }
+            return new Type("object", members, null);
         }
-    }
-
-    private void blanks() {
-        while (pos < text.length() && Character.isWhitespace(text.charAt(pos))) {
-            pos++;
+        if (value.isJsonArray()) {
+            Type element = null;
+            for (JsonElement e : value.getAsJsonArray()) {
+                element = merge(element, type(e));
+            }
+            return new Type("array", null, element);
         }
-    }
-
-    private char peek() {
-        return text.charAt(pos);
-    }
-
-    private void expect(char c) {
-        if (peek() != c) {
-            throw new IllegalArgumentException("expected " + c + " at " + pos);
-        }
-        pos++;
-    }
-
-    private Type value() {
-        char c = peek();
-        if (c == '{') {
-            return object();
-        } else if (c == '[') {
-            return array();
-        } else if (c == '"') {
-            string();
-            return new Type("quoted text", null, null);
-        } else if (text.startsWith("true", pos) || text.startsWith("false", pos)) {
-            pos += peek() == 't' ? 4 : 5;
-            return new Type("boolean", null, null);
-        } else if (text.startsWith("null", pos)) {
-            pos += 4;
+        if (value.isJsonNull()) {
             return new Type("null", null, null);
-        } else if (c == '-' || (c >= '0' && c <= '9')) {
-            int start = pos;
-            pos++;
-            while (pos < text.length() && "0123456789.eE+-".indexOf(peek()) >= 0) {
-                pos++;
-            }
-            Double.parseDouble(text.substring(start, pos));
-            return new Type("number", null, null);
         }
-        throw new IllegalArgumentException("unexpected " + c + " at " + pos);
+        JsonPrimitive p = value.getAsJsonPrimitive();
+        return new Type(p.isString() ? "quoted text" : p.isBoolean() ? "boolean" : "number", null, null);
     }
 
-    private Type object() {
-        expect('{');
-        Map<String, Type> members = new LinkedHashMap<String, Type>();
-        blanks();
-        while (peek() != '}') {
-            String name = string();
-            blanks();
-            expect(':');
-            blanks();
-            Type t = value();
-            members.put(name, merge(members.get(name), t));
-            blanks();
-            if (peek() == ',') {
-                pos++;
-                blanks();
-            } else if (peek() != '}') {
-                throw new IllegalArgumentException("expected , or } at " + pos);
-            }
-        }
-        pos++;
-        return new Type("object", members, null);
-    }
-
-    private Type array() {
-        expect('[');
-        Type element = null;
-        blanks();
-        while (peek() != ']') {
-            element = merge(element, value());
-            blanks();
-            if (peek() == ',') {
-                pos++;
-                blanks();
-            } else if (peek() != ']') {
-                throw new IllegalArgumentException("expected , or ] at " + pos);
-            }
-        }
-        pos++;
-        return new Type("array", null, element);
-    }
-
-    private String string() {
-        expect('"');
-        StringBuilder b = new StringBuilder();
-        while (peek() != '"') {
-            char c = peek();
-            if (c == '\\') {
-                pos++;
-                char e = peek();
-                if (e == 'u') {
-                    b.append((char) Integer.parseInt(text.substring(pos + 1, pos + 5), 16));
-                    pos += 4;
-                } else {
-                    b.append(e == 'n' ? '\n' : e == 't' ? '\t' : e);
-                }
-            } else {
-                b.append(c);
-            }
-            pos++;
-        }
-        pos++;
-        return b.toString();
-    }
-
-    /** Two elements of one array (or two values of one name): members joined in order of appearance. */
+    /** Two elements of one array: members joined in order of appearance. */
     private static Type merge(Type a, Type b) {
         if (a == null) {
             return b;

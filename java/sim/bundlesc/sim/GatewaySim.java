@@ -18,10 +18,20 @@ public final class GatewaySim {
     /** Forgets everything: an empty gateway, no programmed results, an empty call log. */
     public static native void reset();
 
-    /** Resets, then loads the default simulated gateway; 0 on success. */
+    /**
+     * Resets, then loads the default simulated gateway and the configuration tree saved in
+     * $BRELO_SIM_SAVE, if any (its nodes replace those of the same name); 0 on success.
+     */
     public static native int loadDefault();
 
-    /** Loads a state file or a directory of *.ini files on top of the current state. */
+    /** As {@link #loadDefault()}, without reading a saved tree back; 0 on success. */
+    public static native int loadFresh();
+
+    /**
+     * Loads a state file or a directory of *.ini files on top of the current state; a folder
+     * captured by bundle_sc-capture replaces the whole gateway (one that is incomplete is
+     * refused). 0 on success.
+     */
     public static native int load(String path);
 
     /** Sets a value from raw bytes (for texts that are not UTF-8 on the gateway). */
@@ -47,11 +57,30 @@ public final class GatewaySim {
     /** Every later call of the platform function returns rc. */
     public static native void programResult(String function, int rc);
 
+    /** The platform function returns its usual result again. */
+    public static native void clearResult(String function);
+
+    /**
+     * 1 when the simulated platform (libbrelo.so.1, libtcapi.so.1) has the function, 0 when it
+     * has not, -1 when the platform libraries cannot be opened to tell.
+     */
+    public static native int platformFunction(String function);
+
+    /** Whether the state has a section of that name (possibly without values). */
+    public static native boolean hasSection(String section);
+
     private static native byte[] logBytes();
+
+    private static native byte[] logResultsBytes();
 
     /** The platform calls since the last reset or clearLog, one "function(arguments)" line each. */
     public static String log() {
         return new String(logBytes(), StandardCharsets.UTF_8);
+    }
+
+    /** The same lines, each call that has returned followed by " -> " and its return code. */
+    public static String logWithResults() {
+        return new String(logResultsBytes(), StandardCharsets.UTF_8);
     }
 
     public static native void clearLog();

@@ -128,6 +128,13 @@ class BridgeConsoleTest {
         r = run("FakeService");
         assertEquals(2, r.status);
         assertTrue(r.err.contains("missing method name after FakeService"), r.err);
+        r = run("--fresh");
+        assertEquals(2, r.status);
+        assertTrue(r.err.contains("no command given"), r.err);
+        r = run(ServiceCatalogTest.fakeCatalog(), "--fresh FakeService getInfo\n", "--batch", "-");
+        assertEquals(1, r.status);
+        assertTrue(r.err.contains("option --fresh cannot be used in a batch line"), r.err);
+        assertTrue(run("--help").out.contains("  --fresh CALL-OR-BATCH"));
     }
 
     // ---- method selection (nothing is called: the fake has no library) -----------------

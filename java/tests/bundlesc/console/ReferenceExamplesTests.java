@@ -25,7 +25,8 @@ import bundlesc.sim.GatewaySim;
 /**
  * The examples of the reference cannot lie: every example documented on a native is run
  * through the bridge console against the default simulated gateway, loaded afresh for each,
- * and its output must be the documented text byte for byte.
+ * and its output must be the documented text byte for byte. So is every transcript of an
+ * {@code @oddity} block, commands echoed.
  *
  * <p>The examples come from the file the reference tool writes at build time (system
  * property {@code bundlesc.reference.examples}).
@@ -44,6 +45,8 @@ class ReferenceExamplesTests {
         boolean documented;
         String call;
         final List<String> output = new ArrayList<String>();
+        /** The transcripts of its @oddity blocks (console commands "> ..." and their output). */
+        final List<List<String>> transcripts = new ArrayList<List<String>>();
 
         String simpleClassName() {
             return className.substring(className.lastIndexOf('.') + 1);
@@ -85,6 +88,10 @@ class ReferenceExamplesTests {
                 current.call = rest;
             } else if (kind.equals("output") && current != null && current.call != null) {
                 current.output.add(rest);
+            } else if (kind.equals("oddity") && current != null) {
+                current.transcripts.add(new ArrayList<String>());
+            } else if (kind.equals("transcript") && current != null && !current.transcripts.isEmpty()) {
+                current.transcripts.get(current.transcripts.size() - 1).add(rest);
             } else {
                 fail("malformed line in " + path + ": " + line);
             }
@@ -104,24 +111,56 @@ class ReferenceExamplesTests {
         return tests.stream();
     }
 
+    @TestFactory
+    Stream<DynamicTest> everyOddityTranscriptGivesTheDocumentedReplies() throws IOException {
+        List<DynamicTest> tests = new ArrayList<DynamicTest>();
+        for (final Example e : read()) {
+            for (final List<String> transcript : e.transcripts) {
+                if (!transcript.isEmpty()) {
+                    tests.add(DynamicTest.dynamicTest(e.name() + " oddity", () -> checkTranscript(e, transcript)));
+                }
+            }
+        }
+        assertFalse(tests.isEmpty(), "no oddity documented with a transcript");
+        return tests.stream();
+    }
+
     private static void check(Example e) throws Exception {
-        assertEquals(0, GatewaySim.loadDefault(), "the default simulated gateway did not load");
-        String line = e.simpleClassName() + " " + e.call + "\n";
-        ByteArrayOutputStream out = new ByteArrayOutputStream();
-        ByteArrayOutputStream err = new ByteArrayOutputStream();
-        BridgeConsole console = new BridgeConsole(new ByteArrayInputStream(line.getBytes(StandardCharsets.UTF_8)),
-                new PrintStream(out, true, "UTF-8"), new PrintStream(err, true, "UTF-8"), null);
-        int status = console.run(new String[] {"--batch", "-", "--echo-off"});
-        String actual = new String(out.toByteArray(), StandardCharsets.UTF_8);
-        String errors = new String(err.toByteArray(), StandardCharsets.UTF_8);
         StringBuilder expected = new StringBuilder();
         for (String l : e.output) {
             expected.append(l).append(NL);
         }
-        if (status != BridgeConsole.EXIT_OK || !errors.isEmpty() || !expected.toString().equals(actual)) {
+        run(e, e.simpleClassName() + " " + e.call + "\n", expected.toString(), "--echo-off");
+    }
+
+    private static void checkTranscript(Example e, List<String> transcript) throws Exception {
+        StringBuilder commands = new StringBuilder();
+        StringBuilder expected = new StringBuilder();
+        for (String l : transcript) {
+            if (l.startsWith("> ")) {
+                commands.append(l.substring(2)).append('\n');
+            }
+            expected.append(l).append(NL);
+        }
+        run(e, commands.toString(), expected.toString());
+    }
+
+    /** Runs batch lines through the console on the default simulated gateway; the output must be `expected`. */
+    private static void run(Example e, String lines, String expected, String... options) throws Exception {
+        assertEquals(0, GatewaySim.loadDefault(), "the default simulated gateway did not load");
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        ByteArrayOutputStream err = new ByteArrayOutputStream();
+        BridgeConsole console = new BridgeConsole(new ByteArrayInputStream(lines.getBytes(StandardCharsets.UTF_8)),
+                new PrintStream(out, true, "UTF-8"), new PrintStream(err, true, "UTF-8"), null);
+        List<String> args = new ArrayList<String>(java.util.Arrays.asList("--batch", "-"));
+        args.addAll(java.util.Arrays.asList(options));
+        int status = console.run(args.toArray(new String[0]));
+        String actual = new String(out.toByteArray(), StandardCharsets.UTF_8);
+        String errors = new String(err.toByteArray(), StandardCharsets.UTF_8);
+        if (status != BridgeConsole.EXIT_OK || !errors.isEmpty() || !expected.equals(actual)) {
             fail("the example of " + e.className + "." + e.method + " differs from the default simulated gateway\n"
-                    + "  call:     " + e.call + "\n"
-                    + "  expected: " + indent(expected.toString()) + "\n"
+                    + "  call:     " + indent(lines) + "\n"
+                    + "  expected: " + indent(expected) + "\n"
                     + "  actual:   " + indent(actual)
                     + (errors.isEmpty() ? "" : "\n  console:  " + indent(errors)));
         }
@@ -153,6 +192,21 @@ class ReferenceExamplesTests {
             String first = e.call.trim().split("\\s+", 2)[0];
             if (!first.equals(e.method) && !(first + "Jni").equals(e.method)) {
                 wrong.add(e.className + "." + e.method + " (its example calls " + first + ")");
+            }
+        }
+        for (Example e : read()) {
+            for (List<String> transcript : e.transcripts) {
+                String last = null;
+                for (String l : transcript) {
+                    last = l.startsWith("> ") ? l : last;
+                }
+                String[] words = last == null ? new String[0] : last.substring(2).trim().split("\\s+", 3);
+                boolean ok = words.length >= 2
+                        && e.className.endsWith("." + words[0] + (words[0].endsWith("Imp") ? "" : "Imp"))
+                        && (words[1].equals(e.method) || (words[1] + "Jni").equals(e.method));
+                if (!transcript.isEmpty() && !ok) {
+                    wrong.add(e.className + "." + e.method + " (its oddity transcript ends with " + last + ")");
+                }
             }
         }
         assertTrue(wrong.isEmpty(), "examples calling another native: " + wrong);

@@ -6,12 +6,10 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import bundlesc.sim.GatewaySim;
 import com.lumarest.smartgateway.addressservices.PortMappingConfigServiceImp;
 import com.lumarest.smartgateway.addressservices.PortMappingQueryServiceImp;
-import java.io.ByteArrayOutputStream;
 import java.io.File;
-import java.io.InputStream;
-import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.Collections;
 import org.junit.jupiter.api.Test;
 
 class PortMappingConfigServiceTest extends GatewayTestBase {
@@ -62,12 +60,6 @@ class PortMappingConfigServiceTest extends GatewayTestBase {
         assertEquals(0, GatewaySim.logCount("tcapi_set"));
     }
 
-    /** The directory of the service and console classes (the test runner's own class path is not it). */
-    private static String classes() throws Exception {
-        return new File(PortMappingQueryServiceImp.class.getProtectionDomain().getCodeSource().getLocation().toURI())
-                .getPath();
-    }
-
     @Test
     void anAddedRuleIsFoundByAFreshJvm() throws Exception {
         Path saved = Files.createTempFile("portmapping-tree", ".ini");
@@ -76,23 +68,11 @@ class PortMappingConfigServiceTest extends GatewayTestBase {
             GatewaySim.setSavePath(saved.toString());
             assertEquals(0, service.addPortMappingJni(4, 5060, 5060, "UDP", "192.168.1.50"));
 
-            String java = System.getProperty("java.home") + File.separator + "bin" + File.separator + "java";
-            ProcessBuilder child = new ProcessBuilder(java, "-Xcheck:jni",
-                    "-Djava.library.path=" + System.getProperty("java.library.path"),
-                    "-cp", classes() + File.pathSeparator + "/usr/share/java/gson.jar",
+            ChildJvm child = ChildJvm.run(Collections.singletonMap("BRELO_SIM_SAVE", saved.toString()), "-cp",
+                    ChildJvm.location(PortMappingQueryServiceImp.class) + File.pathSeparator + "/usr/share/java/gson.jar",
                     "bundlesc.console.BridgeConsole", "PortMappingQueryService", "getPortMappingInfoJni");
-            child.environment().put("BRELO_SIM_SAVE", saved.toString());
-            child.redirectErrorStream(true);
-            Process p = child.start();
-            ByteArrayOutputStream out = new ByteArrayOutputStream();
-            try (InputStream in = p.getInputStream()) {
-                byte[] buf = new byte[8192];
-                for (int n; (n = in.read(buf)) > 0; ) {
-                    out.write(buf, 0, n);
-                }
-            }
-            String listed = new String(out.toByteArray(), StandardCharsets.UTF_8);
-            assertEquals(0, p.waitFor(), listed);
+            String listed = child.out;
+            assertEquals(0, child.status, listed + child.err);
             assertTrue(listed.contains("{\"WANName\":\"4_INTERNET_R_VID_43\",\"MapList\":[{\"PortMappingIndex\":1,"
                     + "\"PortMappingEnabled\":\"TRUE\",\"ExternalPort\":5060,\"InternalPort\":5060,"
                     + "\"PortMappingProtocol\":\"UDP\",\"InternalClient\":\"192.168.1.50\"}]}"), listed);

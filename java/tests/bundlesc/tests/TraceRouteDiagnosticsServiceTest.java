@@ -9,7 +9,6 @@ import com.lumarest.smartgateway.accessservices.TraceRouteDiagnosticsServiceImp;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
-import java.nio.file.Paths;
 import org.junit.jupiter.api.Test;
 
 class TraceRouteDiagnosticsServiceTest extends GatewayTestBase {
@@ -32,8 +31,8 @@ class TraceRouteDiagnosticsServiceTest extends GatewayTestBase {
 
     @Test
     void resultQueryDeletesThePlatformsResultFile() throws IOException {
-        Path dir = Paths.get("/tmp/cwmp");
-        Path file = dir.resolve("traceroutediagnostic_stat");
+        Path file = GatewayFiles.of("/tmp/cwmp/traceroutediagnostic_stat");
+        Path dir = file.getParent();
         boolean madeDir = !Files.exists(dir);
         boolean hadFile = Files.exists(file);
         try {

@@ -10,11 +10,10 @@ import java.io.IOException;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
-import java.nio.file.Paths;
 import org.junit.jupiter.api.Test;
 
 class UsbServiceTest extends GatewayTestBase {
-    private static final Path TEST_MODE = Paths.get("/tmp/usbapi_test");
+    private static final Path TEST_MODE = GatewayFiles.of("/tmp/usbapi_test");
 
     private final UsbServiceImp service = new UsbServiceImp();
 
@@ -116,6 +115,7 @@ class UsbServiceTest extends GatewayTestBase {
         boolean existed = Files.exists(TEST_MODE);
         try {
             if (!existed) {
+                Files.createDirectories(TEST_MODE.getParent());
                 Files.createFile(TEST_MODE);
             }
             GatewaySim.clearLog();

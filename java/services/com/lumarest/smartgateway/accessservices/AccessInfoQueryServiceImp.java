@@ -96,6 +96,8 @@ public class AccessInfoQueryServiceImp {
      * getWANIfListJni
      * {"Result":0,"List":[{"Index":1,"Name":"1_TR069_R_VID_46"},{"Index":2,"Name":"2_INTERNET_R_VID_41"},{"Index":3,"Name":"3_OTHER_B_VID_45"},{"Index":4,"Name":"4_INTERNET_R_VID_43"}]}
      * }</pre>
+     * @oddity TRAILING_COMMA A WAN whose index lies outside 1 to 8 (or repeats one) leaves a comma
+     *     before the closing bracket.
      */
     public native String getWANIfListJni();
 

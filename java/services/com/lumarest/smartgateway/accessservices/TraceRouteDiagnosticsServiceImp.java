@@ -66,6 +66,7 @@ public class TraceRouteDiagnosticsServiceImp {
      * getTraceRouteDiagnosticsResultJni
      * {"Result":0,"ResponseTime":25,"HopsNumberOfEntries":3,"RouteHops": [{"HopHost":"gateway.isp.example","HopHostAddress":"100.64.0.1","HopErrorCode":0,"HopRTTimes":"2,2,3"},{"HopHost":"core1.isp.example","HopHostAddress":"100.64.10.1","HopErrorCode":0,"HopRTTimes":"8,7,9"},{"HopHost":"www.example.com","HopHostAddress":"93.184.216.34","HopErrorCode":0,"HopRTTimes":"24,25,26"}]}
      * }</pre>
+     * @oddity TRAILING_COMMA A hop list cut at its limit keeps the comma after its last hop.
      */
     public native String getTraceRouteDiagnosticsResultJni();
 }

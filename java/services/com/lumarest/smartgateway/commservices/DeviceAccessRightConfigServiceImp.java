@@ -8,8 +8,9 @@ package com.lumarest.smartgateway.commservices;
  * <p>Every method returns 0 on success and -1 on failure; the reason of a failure is not
  * reported (the gateway's own code is not passed on). What each right level 0 to 3 grants is
  * the gateway's own. User names and passwords travel in clear; a null text is refused like an
- * empty one. The query side is {@link DeviceAccessRightQueryServiceImp}. The class loads
- * {@code libbundle_sc.so} when it is first used.
+ * empty one. The debug trace shows return codes only, so a library built with its hardened
+ * profile behaves exactly the same. The query side is {@link DeviceAccessRightQueryServiceImp}.
+ * The class loads {@code libbundle_sc.so} when it is first used.
  */
 public class DeviceAccessRightConfigServiceImp {
     static {

@@ -7,9 +7,11 @@ package com.lumarest.smartgateway.commservices;
  * <p>Account passwords are returned in clear. Names and passwords are placed in the replies
  * as the gateway gives them, without JSON escaping, so a quote or a backslash in one of them
  * reaches Java unescaped. While the debug trace is on (the file /tmp/brelo_debug exists) the
- * replies, passwords included, are also printed on the gateway's standard output. The setting
- * side is {@link DeviceAccessRightConfigServiceImp}. The class loads {@code libbundle_sc.so}
- * when it is first used.
+ * replies, passwords included, are also printed on the gateway's standard output. A library
+ * built with its hardened profile escapes the names and passwords, prints {@code ******} in
+ * the trace instead of these replies, and answers a list cut at its buffer with the failure
+ * reply. The setting side is {@link DeviceAccessRightConfigServiceImp}. The class loads
+ * {@code libbundle_sc.so} when it is first used.
  */
 public class DeviceAccessRightQueryServiceImp {
     static {

@@ -2,7 +2,8 @@ package com.lumarest.smartgateway.commservices;
 
 /**
  * Switches the LEDs of the gateway's front panel on and off, for example to keep a gateway
- * dark at night. The class loads {@code libbundle_sc.so} when it is first used.
+ * dark at night. A library built with its hardened profile behaves exactly the same. The
+ * class loads {@code libbundle_sc.so} when it is first used.
  */
 public class DeviceConfigServiceImp {
     static {

@@ -7,8 +7,9 @@ package com.lumarest.smartgateway.commservices;
  *
  * <p>Every method asks the gateway for one value, or answers a constant, and returns at once;
  * none of them fails on its own. Texts from the gateway are placed in the JSON replies as the
- * gateway gives them, without JSON escaping. The class loads {@code libbundle_sc.so} when it
- * is first used.
+ * gateway gives them, without JSON escaping (a library built with its hardened profile escapes
+ * them; nothing else differs there). The class loads {@code libbundle_sc.so} when it is first
+ * used.
  */
 public class DeviceInfoQueryServiceImp {
     static {

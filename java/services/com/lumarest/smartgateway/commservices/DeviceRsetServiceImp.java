@@ -1,8 +1,9 @@
 package com.lumarest.smartgateway.commservices;
 
 /**
- * Restores the gateway. The class name is spelt "DeviceRset" and is part of the interface.
- * The class loads {@code libbundle_sc.so} when it is first used.
+ * Restores the gateway. The class name is spelt "DeviceRset" and is part of the interface. A
+ * library built with its hardened profile behaves exactly the same. The class loads
+ * {@code libbundle_sc.so} when it is first used.
  */
 public class DeviceRsetServiceImp {
     static {

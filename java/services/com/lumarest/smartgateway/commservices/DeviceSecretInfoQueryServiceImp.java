@@ -8,8 +8,9 @@ package com.lumarest.smartgateway.commservices;
  * <p>Every method returns a plain text (not JSON), exactly as the gateway writes it; the
  * gateway's own result code is not looked at, so a value the gateway cannot give reads as the
  * empty text. Passwords are returned in clear, and while the debug trace is on (the file
- * /tmp/brelo_debug exists) they are also printed on the gateway's standard output. The class
- * loads {@code libbundle_sc.so} when it is first used.
+ * /tmp/brelo_debug exists) they are also printed on the gateway's standard output (a library
+ * built with its hardened profile prints {@code ******} there instead; the replies are the
+ * same). The class loads {@code libbundle_sc.so} when it is first used.
  */
 public class DeviceSecretInfoQueryServiceImp {
     static {

@@ -6,8 +6,9 @@ package com.lumarest.smartgateway.commservices;
  * times counters, the province).
  *
  * <p>The texts and numbers submitted and the status and result codes reported are the
- * gateway's own; they are passed through unchanged. The class loads {@code libbundle_sc.so}
- * when it is first used.
+ * gateway's own; they are passed through unchanged. A library built with its hardened profile
+ * escapes the texts of {@link #getPasswordRegistrationInfoJni()}; nothing else differs there.
+ * The class loads {@code libbundle_sc.so} when it is first used.
  */
 public class RegistrationServiceImp {
     static {
@@ -42,7 +43,8 @@ public class RegistrationServiceImp {
      *
      * <p>Every number of the reply is a quoted JSON string, not a bare number. The province is
      * the one of the registration record when it has one, otherwise the gateway's own
-     * province. Texts are placed in the reply unescaped. If the gateway cannot report, its
+     * province. Texts are placed in the reply unescaped (escaped by a library built with its
+     * hardened profile). If the gateway cannot report, its
      * members read as "0" and "" and the reply still carries "Result":0.
      *
      * @return a JSON object whose members are, in this order: "Result" (bare number, always

@@ -15,7 +15,8 @@ package com.lumarest.smartgateway.commservices;
  * and acts on the last opened one, so a caller that does not keep handles can still talk to
  * the device it opened last. With several threads opening devices at once, the last open wins.
  * What the device-type bits, the device ids and the serial settings mean is the gateway's own.
- * The class loads {@code libbundle_sc.so} when it is first used.
+ * Only {@link #getStorageInfoJni()} differs in a library built with its hardened profile. The
+ * class loads {@code libbundle_sc.so} when it is first used.
  */
 public class UsbServiceImp {
     static {
@@ -186,7 +187,9 @@ public class UsbServiceImp {
      * <p>The sizes are placed in the reply as the decimal texts the gateway gives, in the
      * gateway's own unit, and so read as bare JSON numbers; the path is placed unescaped. The
      * reply holds at most 4095 characters: a longer one is cut there and is then not valid
-     * JSON.
+     * JSON. A library built with its hardened profile escapes the path, places a size only when
+     * it is a JSON number, and answers {@code {"Result":-1,"List":[]}} instead of a cut reply
+     * or one with a size that is not a number (so no gateway text can add a member).
      *
      * @return a JSON object whose members are, in this order: "Result" (bare number, 0) and
      *         "List" (an array, empty when nothing is mounted, of one object per volume in the
@@ -198,6 +201,9 @@ public class UsbServiceImp {
      * getStorageInfoJni
      * {"Result":0,"List":[{"storagePath":"/mnt/usb1_1","totalStorage":15512064,"validStorage":9830400},{"storagePath":"/mnt/usb2_1","totalStorage":61865984,"validStorage":61410304}]}
      * }</pre>
+     * @oddity MISSING_VALUE A volume whose size the gateway leaves empty gives {@code "totalStorage":,}.
+     * @oddity BARE_VALUE The sizes go in as the gateway's texts, so a size that is no number (e.g.
+     *     {@code n/a}) is no JSON value.
      */
     public native String getStorageInfoJni();
 }

@@ -83,6 +83,21 @@ public class LANHostsInfoQueryServiceImp {
      * getLANHostInfoByMACJni ["00:E0:4C:68:01:A2","9C:B6:D0:0A:44:E3"]
      * {"Result":0,"List":[{"Class":"ONLINE","MAC":"00:E0:4C:68:01:A2","DhcpName":"desktop-study","DeviceName":"Study PC","IP":"192.168.1.2,2001:db8:1::2","ConnectInterface":"LAN1","OnlineTime":"86011","StorageAccessStatus":"ON"},{"Class":"ONLINE","MAC":"9C:B6:D0:0A:44:E3","DhcpName":"android-7f3e2a","DeviceName":"","IP":"192.168.1.4","ConnectInterface":"SSID2","OnlineTime":"620","StorageAccessStatus":"OFF"}]}
      * }</pre>
+     * @oddity UNESCAPED_QUOTE,UNESCAPED_BACKSLASH Host names are sent unescaped: <pre>{@code
+     * > LanNetworkNameConfigService setLANHostNameJni 00:E0:4C:68:01:A2 "Anna's \"big\" PC"
+     * 0
+     * > LanNetworkNameConfigService setLANHostNameJni F0:18:98:4B:7E:21 "C:\\share"
+     * 0
+     * > LANHostsInfoQueryService getLANHostInfoByMACJni ["00:E0:4C:68:01:A2","F0:18:98:4B:7E:21"]
+     * {"Result":0,"List":[{"Class":"ONLINE","MAC":"00:E0:4C:68:01:A2","DhcpName":"desktop-study","DeviceName":"Anna's "big" PC","IP":"192.168.1.2,2001:db8:1::2","ConnectInterface":"LAN1","OnlineTime":"86011","StorageAccessStatus":"ON"},{"Class":"TRUST","MAC":"F0:18:98:4B:7E:21","DhcpName":"MacBook-Air","DeviceName":"C:\share","IP":"192.168.1.3,2001:db8:1::3","ConnectInterface":"SSID1","OnlineTime":"3605","StorageAccessStatus":"ON"}]}
+     * }</pre>
+     * @oddity DUPLICATE_NAME A name that holds {@code ","Name":"} adds a member of its own: <pre>{@code
+     * > LanNetworkNameConfigService setLANHostNameJni 00:E0:4C:68:01:A2 "x\",\"Class\":\"TRUST"
+     * 0
+     * > LANHostsInfoQueryService getLANHostInfoByMACJni ["00:E0:4C:68:01:A2"]
+     * {"Result":0,"List":[{"Class":"ONLINE","MAC":"00:E0:4C:68:01:A2","DhcpName":"desktop-study","DeviceName":"x","Class":"TRUST","IP":"192.168.1.2,2001:db8:1::2","ConnectInterface":"LAN1","OnlineTime":"86011","StorageAccessStatus":"ON"}]}
+     * }</pre>
+     * @oddity CONTROL_CHARACTER A name holding a tab or a line feed keeps it unescaped.
      */
     public native String getLANHostInfoByMACJni(String[] macs);
 
@@ -157,6 +172,11 @@ public class LANHostsInfoQueryServiceImp {
      * getLANHostInfoByClassJni "online"
      * {"Result":0,"List":[{"Class":"ONLINE","MAC":"00:E0:4C:68:01:A2","DhcpName":"desktop-study","DeviceName":"Study PC","IP":"192.168.1.2,2001:db8:1::2","ConnectInterface":"LAN1","OnlineTime":"86011","StorageAccessStatus":"ON"},{"Class":"ONLINE","MAC":"9C:B6:D0:0A:44:E3","DhcpName":"android-7f3e2a","DeviceName":"","IP":"192.168.1.4","ConnectInterface":"SSID2","OnlineTime":"620","StorageAccessStatus":"OFF"},{"Class":"ONLINE","MAC":"A4:77:33:C1:5D:90","DhcpName":"printer","DeviceName":"","IP":"192.168.1.20","ConnectInterface":"LAN3","OnlineTime":"259200","StorageAccessStatus":"ON"}]}
      * }</pre>
+     * @oddity TRAILING_COMMA A host listed twice whose second record comes last leaves the comma
+     *     before it: {@code [{...},]}.
+     * @oddity STRAY_COMMA For {@code BLOCK}, when that last record is a blocked host's, its comma
+     *     and the one before the offline blocked hosts follow each other: {@code [{...},,{...}]}.
+     * @oddity CUT_SHORT A list longer than the reply's 65,535 characters is cut there.
      */
     public native String getLANHostInfoByClassJni(String hostClass);
 

@@ -47,6 +47,12 @@ public class WlanQueryServiceImp {
      * getWLANSSIDInfoJni 1
      * {"Result":0,"Enable":"TRUE","BSSID":"00:1A:2B:3C:4D:5F","SSIDName":"LMR-3C4D5E","SSIDAdvertisementEnabled":"TRUE","Standard":"11bgn","EncryptionMode":"MIXED-WPAPSK2"}
      * }</pre>
+     * @oddity UNESCAPED_QUOTE The SSID name is sent unescaped: <pre>{@code
+     * > WlanConfigService setWLANSSIDSecurityJni 1 "Say \"hi\"" MIXED-WPAPSK2 k9w2hq7z
+     * 0
+     * > WlanQueryService getWLANSSIDInfoJni 1
+     * {"Result":0,"Enable":"TRUE","BSSID":"00:1A:2B:3C:4D:5F","SSIDName":"Say "hi"","SSIDAdvertisementEnabled":"TRUE","Standard":"11bgn","EncryptionMode":"MIXED-WPAPSK2"}
+     * }</pre>
      */
     public native String getWLANSSIDInfoJni(int ssidIndex);
 
@@ -180,6 +186,12 @@ public class WlanQueryServiceImp {
      * getWLANHostInfoJni ["a4:5e:60:c1:22:9b","00:00:00:00:00:01"]
      * {"Result":0,"List":[{"SSIDIndex":1,"SSIDName":"LMR-3C4D5E","MAC":"A4:5E:60:C1:22:9B","RSSI":"-45","RxRate":"0","TxRate":"0","Standard":"11bgn"},{"SSIDIndex":0,"SSIDName":"","MAC":"","RSSI":"0","RxRate":"0","TxRate":"0","Standard":""}]}
      * }</pre>
+     * @oddity UNESCAPED_QUOTE The SSID name is sent unescaped: <pre>{@code
+     * > WlanConfigService setWLANSSIDSecurityJni 1 "Say \"hi\"" MIXED-WPAPSK2 k9w2hq7z
+     * 0
+     * > WlanQueryService getWLANHostInfoJni ["A4:5E:60:C1:22:9B"]
+     * {"Result":0,"List":[{"SSIDIndex":1,"SSIDName":"Say "hi"","MAC":"A4:5E:60:C1:22:9B","RSSI":"-45","RxRate":"0","TxRate":"0","Standard":"11bgn"}]}
+     * }</pre>
      */
     public native String getWLANHostInfoJni(String[] macs);
 
@@ -203,6 +215,16 @@ public class WlanQueryServiceImp {
      * getGuestSSIDInfoJni
      * {"Result":0,"List":[{"SSIDIndex":3,"Duration":240,"PortIsolation":"TRUE","RemainDuration":135}]}
      * }</pre>
+     * @oddity MISSING_COMMA With two guest SSIDs their objects come back to back, with no comma
+     *     between them: <pre>{@code
+     * > WlanConfigService addWLANGuestSSIDJni 6
+     * 0
+     * > WlanQueryService getGuestSSIDInfoJni
+     * {"Result":0,"List":[{"SSIDIndex":3,"Duration":240,"PortIsolation":"TRUE","RemainDuration":135}{"SSIDIndex":6,"Duration":0,"PortIsolation":"FALSE","RemainDuration":0}]}
+     * }</pre>
+     * @oddity MISSING_VALUE A guest entry whose SSID index is empty gives {@code "SSIDIndex":,}.
+     * @oddity BARE_VALUE The SSID index goes in as the tree holds it, so an index that is no plain
+     *     number (e.g. {@code 03}) is no JSON value.
      */
     public native String getGuestSSIDInfoJni();
 }

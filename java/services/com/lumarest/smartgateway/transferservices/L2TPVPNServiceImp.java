@@ -24,8 +24,8 @@ public class L2TPVPNServiceImp {
      * that is too long is deliberately never given back to the virtual machine (its copy
      * stays allocated), so check the lengths in Java. The tunnel is started by the platform;
      * poll {@link #getVpnStatCmdJni} for its state. Note that the library's debug trace, when
-     * switched on by the flag file "/tmp/brelo_debug", prints the password in clear (a library
-     * built with its hardened profile masks it).
+     * switched on by the flag file "/tmp/brelo_debug", prints the user name and password in
+     * clear (a library built with its hardened profile masks both).
      *
      * @param serverIp the L2TP server's address or name, at most 31 characters; null or a
      *            longer text gives the failure reply
@@ -87,12 +87,14 @@ public class L2TPVPNServiceImp {
      * @return a JSON object: {@code "Result"} (bare number, 0) and {@code "ips"} (an array of
      *         quoted address texts, as the platform gives them; empty while no address is
      *         connected). The failure reply is exactly {@code {"Result":-1,"ips":[]}}; a library
-     *         built with its hardened profile also answers it when the platform's text does not
-     *         make valid JSON.
+     *         built with its hardened profile also answers it when the platform's text is not
+     *         the inside of a JSON array (so it can add no member to the reply).
      * @example <pre>{@code
      * getConnectedIpListJni
      * {"Result":0,"ips":[]}
      * }</pre>
+     * @oddity BARE_VALUE The addresses go between the brackets as the gateway lists them: a list
+     *     without quotes reads {@code [10.255.0.6,10.255.0.1]}.
      */
     public native String getConnectedIpListJni();
 

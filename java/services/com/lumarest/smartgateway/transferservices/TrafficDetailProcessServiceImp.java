@@ -93,7 +93,8 @@ public class TrafficDetailProcessServiceImp {
      * read as arrays of strings). The second list given on adding is not reported. The reply
      * has room for 512 bytes per rule: a list whose rules are longer on average is cut at
      * that size and is then not complete JSON (a library built with its hardened profile
-     * answers the failure reply instead).
+     * answers the failure reply instead, and also when a method or header list is not the
+     * inside of a JSON array, so no list can add a member to the reply).
      *
      * @return a JSON object: {@code "Result"} (bare number, 0), then {@code "List"}, an array
      *         with one object per rule holding {@code "RemoteAddress"} (quoted text),
@@ -106,6 +107,8 @@ public class TrafficDetailProcessServiceImp {
      * getHTTPTrafficProcessRuleInfoJni
      * {"Result":0,"List":[{"RemoteAddress":"198.51.100.80","RemotePort":"80","Direction":"UP","HostMAC":"F0:18:98:4B:7E:21","MethodList":["GET","POST"],"HeaderList":["Host","User-Agent"],"BundleName":"com.lumarest.parental"}]}
      * }</pre>
+     * @oddity BARE_VALUE The method and header lists go between the brackets as the gateway keeps
+     *     them: a list kept without quotes reads {@code [GET,POST]}.
      */
     public native String getHTTPTrafficProcessRuleInfoJni();
 }

@@ -8,7 +8,8 @@ package com.lumarest.smartgateway.voipservices;
  * Java. The subscriber text of every call is deliberately never given back to the Java
  * virtual machine: the copy of the text that the virtual machine makes for each call is never
  * freed, so every call leaves a few bytes behind in the process; a bundle should subscribe
- * once, not in a loop. The class loads {@code libbundle_sc.so} when it is first used.
+ * once, not in a loop. A library built with its hardened profile behaves exactly the same. The
+ * class loads {@code libbundle_sc.so} when it is first used.
  */
 public class VoIPInfoSubscribeServiceImp {
     static {
