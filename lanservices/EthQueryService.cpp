@@ -18,7 +18,7 @@ Java_com_lumarest_smartgateway_lanservices_EthQueryServiceImp_getLANEthernetInfo
   } else {
     reply.append(BUNDLE_FAIL_REASON, "Get LANEthernetInfo fail");
   }
-  BUNDLE_TRACE("%s, line = %d,  len=%d ,temp_buf=\n%s\n", __func__, __LINE__,
+  BUNDLE_TRACE_NAMED(", line = %d,  len=%d ,temp_buf=\n%s\n", __LINE__,
                static_cast<int>(strlen(reply.c_str())), reply.c_str());
   return bundle::new_reply_string(env, reply.c_str());
 }
@@ -37,7 +37,7 @@ Java_com_lumarest_smartgateway_lanservices_EthQueryServiceImp_getLANEthernetStat
   } else {
     reply.append(BUNDLE_FAIL_REASON, "Get LANEthernetStats fail");
   }
-  BUNDLE_TRACE("%s, line = %d,  len=%d ,temp_buf=\n%s\n", __func__, __LINE__,
+  BUNDLE_TRACE_NAMED(", line = %d,  len=%d ,temp_buf=\n%s\n", __LINE__,
                static_cast<int>(strlen(reply.c_str())), reply.c_str());
   return bundle::new_reply_string(env, reply.c_str());
 }
