@@ -16,7 +16,7 @@ build=${1:-$here/build-demo}
 [ $# -gt 0 ] && shift
 build=$(cd "$build" && pwd)
 
-preload="$build/lib/libgatewayhost.so:$build/lib/libbundle_floor.so"
+preload="$build/lib/libbundle_floor.so:$build/lib/libgatewayhost.so"
 prev=""
 for a in "$@"; do
   if [ "$prev" = --platform ] && [ "$a" = prepared ]; then
@@ -39,9 +39,10 @@ if [ -e /tmp/brelo_debug ]; then
 fi
 
 # The simulated gateway with its call log off (read when the simulator loads) and nothing saved;
-# libgatewayhost.so keeps the route tool and resolver simulated, libbundle_floor.so counts the
-# flag-file checks, libbundle_prepared.so (with --platform prepared) answers the platform
-# calls.
+# libbundle_floor.so counts the flag-file checks (first: its access() must see every check
+# before libgatewayhost.so's maps the path and asks the kernel itself), libgatewayhost.so keeps
+# the route tool and resolver simulated, libbundle_prepared.so (with --platform prepared)
+# answers the platform calls.
 # What the natives themselves print (one prints its outcome on every call) goes to
 # /dev/null; the table is written to a file of its own and printed at the end.
 table=$(mktemp)

@@ -158,7 +158,7 @@ if(bundle_java_tests)
             -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
-    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
+    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:bundle_floor>:$<TARGET_FILE:gatewayhost>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
   # The same on the prepared platform: every native's reply answered from the record must be
   # the simulator's reply, and every platform call the recorded one.
@@ -168,7 +168,7 @@ if(bundle_java_tests)
             --platform prepared --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke-prepared PROPERTIES
     RESOURCE_LOCK gateway_flag_files
-    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>:$<TARGET_FILE:bundle_prepared>"
+    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:bundle_floor>:$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_prepared>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
 

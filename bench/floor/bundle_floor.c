@@ -111,8 +111,14 @@ static void make_checks(jint checks) {
 }
 
 JNIEXPORT jboolean JNICALL Java_bundlesc_bench_Floor_interposed(JNIEnv *env, jclass cls) {
-  /* True when this library's access() is the one every other library binds to. */
-  return dlsym(RTLD_DEFAULT, "access") == (void *)access ? JNI_TRUE : JNI_FALSE;
+  /* True when this library's access() is the one every other library binds to: the first
+   * definition in the global scope lies in this library. (Comparing with the address of
+   * access as this library sees it would be true whoever comes first: that address is the
+   * global one too.) */
+  Dl_info first, self;
+  void *bound = dlsym(RTLD_DEFAULT, "access");
+  if (bound == NULL || !dladdr(bound, &first) || !dladdr((void *)slot_at, &self)) return JNI_FALSE;
+  return first.dli_fbase == self.dli_fbase ? JNI_TRUE : JNI_FALSE;
 }
 
 JNIEXPORT jlong JNICALL Java_bundlesc_bench_Floor_flagChecks(JNIEnv *env, jclass cls) {

@@ -488,14 +488,14 @@ public final class BridgeBench {
             if (b.callsTimed > 0 && b.checksTimed != (long) b.checks * b.callsTimed) {
                 checks += String.format(Locale.ROOT, " (%.1f)", (double) b.checksTimed / b.callsTimed);
             }
-            o.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.1f | %s |%n",
+            o.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.2f | %s |%n",
                     ++rank, b.name(), b.returns, checks,
                     logged ? Integer.toString(b.platformCalls) : "-",
                     b.returns.equals("text") ? grouped(b.replyBytes) : "-", b.batch,
                     grouped(b.nativeMedian), grouped(b.floorMedian), b.ratio(),
                     grouped(b.nativeMedian - b.floorMedian));
         }
-        o.printf(Locale.ROOT, "%nmedian ratio %.1f; rows: %d of %d natives%n",
+        o.printf(Locale.ROOT, "%nmedian ratio %.2f; rows: %d of %d natives%n",
                 median(ratios), rank, benches.size());
     }
 }
