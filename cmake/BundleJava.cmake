@@ -89,11 +89,13 @@ if(TARGET gatewaysim_jni)
   add_dependencies(java_classes gatewaysim_jni)
 endif()
 
-# The JVM benchmark's floor library (bench/floor): built with the classes, run by hand through
-# bench/run-jvm-bench.sh; ctest only checks that a tiny run completes.
+# The JVM benchmark's floor library (bench/floor) and prepared platform (bench/prepared): built
+# with the classes, run by hand through bench/run-jvm-bench.sh; ctest only checks that a tiny
+# run completes on each platform.
 if(BUNDLE_HAVE_SIM)
   add_subdirectory("${CMAKE_SOURCE_DIR}/bench/floor" "${CMAKE_BINARY_DIR}/bench-floor")
-  add_dependencies(java_classes bundle_floor)
+  add_subdirectory("${CMAKE_SOURCE_DIR}/bench/prepared" "${CMAKE_BINARY_DIR}/bench-prepared")
+  add_dependencies(java_classes bundle_floor bundle_prepared)
 endif()
 
 if(bundle_java_tests)
@@ -156,7 +158,17 @@ if(bundle_java_tests)
             -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
             --expect ${exported_native_count})
   set_tests_properties(jvm.bench-smoke PROPERTIES
-    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_floor>"
+    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:bundle_floor>:$<TARGET_FILE:gatewayhost>"
+    FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
+  # The same on the prepared platform: every native's reply answered from the record must be
+  # the simulator's reply, and every platform call the recorded one.
+  add_test(NAME jvm.bench-smoke-prepared
+    COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+            -cp "${BUNDLE_JAVA_CLASSES}:${BUNDLE_GSON_JAR}" bundlesc.bench.BridgeBench --smoke
+            --platform prepared --expect ${exported_native_count})
+  set_tests_properties(jvm.bench-smoke-prepared PROPERTIES
+    RESOURCE_LOCK gateway_flag_files
+    ENVIRONMENT "BRELO_SIM_SAVE=;BRELO_SIM_LOG=off;LD_PRELOAD=$<TARGET_FILE:bundle_floor>:$<TARGET_FILE:gatewayhost>:$<TARGET_FILE:bundle_prepared>"
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
 
