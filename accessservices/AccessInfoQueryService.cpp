@@ -7,43 +7,35 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "accessservices/wan_members.h"
 #include "common/hardened.h"
 #include "common/native.h"
 #include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_pon.h"
 #include "common/platform_wan.h"
+#include "common/text_table.h"
 
 namespace {
 
-// Platform codes and their JSON texts, indexed by the code itself.
-const char *const kPonRegisterStates[] = {"NO_REG_NO_AUTH", "REG_NO_AUTH", "REG_AUTH"};
-const char *const kConnectionTypes[] = {"",           "IP_Routed",    "IP_Bridged",
-                                        "PPPoE_Bridged", "PPPoE_Routed", "PPPoE_Hybrid"};
-const char *const kAddressingTypes[] = {"", "DHCP", "Static"};
-const char *const kConnectionTriggers[] = {"", "AlwaysOn", "OnDemand", "Manual"};
-const char *const kIpv6AddressOrigins[] = {"None", "DHCPv6", "AutoConfigured", "Static"};
-const char *const kIpv6PrefixOrigins[] = {"None", "PrefixDelegation", "RouterAdvertisement",
-                                          "Static"};
-const char *const kConnectionStatuses[] = {"Unconfigured", "Connecting", "Connected",
-                                           "Disconnected"};
-const char *const kLastConnectionErrors[] = {"ERROR_NONE",
-                                             "ERROR_UNKNOWN",
-                                             "ERROR_AUTHENTICATION_FAILURE",
-                                             "ERROR_ISP_TIME_OUT",
-                                             "ERROR_SERVER_OUT_OF_RESOURCES",
-                                             "ERROR_ISP_DISCONNECT"};
+// Platform codes and their JSON texts, indexed by the code itself (common/text_table.h); a
+// code a table does not know reads as the empty text.
+using bundle::table_text;
+const char kPonRegisterStates[] = "NO_REG_NO_AUTH\0REG_NO_AUTH\0REG_AUTH";
+const char kConnectionTypes[] =
+    "\0IP_Routed\0IP_Bridged\0PPPoE_Bridged\0PPPoE_Routed\0PPPoE_Hybrid";
+const char kAddressingTypes[] = "\0DHCP\0Static";
+const char kConnectionTriggers[] = "\0AlwaysOn\0OnDemand\0Manual";
+const char kIpv6AddressOrigins[] = "None\0DHCPv6\0AutoConfigured\0Static";
+const char kIpv6PrefixOrigins[] = "None\0PrefixDelegation\0RouterAdvertisement\0Static";
+const char kConnectionStatuses[] = "Unconfigured\0Connecting\0Connected\0Disconnected";
+const char kLastConnectionErrors[] =
+    "ERROR_NONE\0ERROR_UNKNOWN\0ERROR_AUTHENTICATION_FAILURE\0ERROR_ISP_TIME_OUT\0"
+    "ERROR_SERVER_OUT_OF_RESOURCES\0ERROR_ISP_DISCONNECT";
 
-// The text of `code`; a code the table does not know reads as the empty text, never as
-// memory beyond the table.
-template <size_t N>
-const char *table_text(const char *const (&table)[N], int code) {
-  return code >= 0 && static_cast<size_t>(code) < N ? table[code] : "";
-}
-
-// The configuration of one WAN connection as the information reply shows it (zeroed whole
-// before use). Every member is a NUL-terminated text of the capacity the reply was designed
-// around; numbers and flags are stored as their texts.
+// The configuration of one WAN connection as the information reply shows it. Every member is
+// a NUL-terminated text of the capacity the reply was designed around, each written whole by
+// fill_info; numbers and flags are stored as their texts.
 struct WanIfInfoRecord {
   char lan_interface[128];
   char vlan_mode[4];
@@ -96,26 +88,30 @@ enum InfoKind : uint8_t {
   kInfoVlan,       // the number; no multicast VLAN (0) is shown as -1
   kInfoFlag,       // 1 is "TRUE", anything else "FALSE"
   kInfoDigitFlag,  // 1 is "1", anything else "0" (the AFTR mode is a digit, not a flag word)
-  kInfoCode,       // the code's text in `codes`
+  kInfoCode,       // the code's text in the packed table `codes`
 };
+
+// A getter of either kind, called as the kind of its member says.
+typedef void (*WanGetter)();
 
 struct InfoField {
   uint16_t offset;  // of the member in WanIfInfoRecord
   uint8_t size;     // the member's capacity
   uint8_t kind;     // InfoKind
-  uint8_t code_count;
-  WanTextGetter text;
-  WanIntGetter number;
-  const char *const *codes;
+  uint8_t codes_size;
+  WanGetter getter;  // a WanTextGetter for kInfoText, a WanIntGetter otherwise
+  const char *codes;
 };
 
-#define INFO_TEXT(member, getter) \
-  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kInfoText, 0, getter, nullptr, nullptr}
-#define INFO_INT(member, kind, getter) \
-  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kind, 0, nullptr, getter, nullptr}
+#define INFO_TEXT(member, getter)                                                            \
+  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kInfoText, 0,         \
+   reinterpret_cast<WanGetter>(static_cast<WanTextGetter>(getter)), nullptr}
+#define INFO_INT(member, kind, getter)                                                       \
+  {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kind, 0,              \
+   reinterpret_cast<WanGetter>(static_cast<WanIntGetter>(getter)), nullptr}
 #define INFO_CODE(member, codes, getter)                                                     \
   {offsetof(WanIfInfoRecord, member), sizeof(WanIfInfoRecord::member), kInfoCode,            \
-   sizeof(codes) / sizeof(codes[0]), nullptr, getter, codes}
+   sizeof(codes), reinterpret_cast<WanGetter>(static_cast<WanIntGetter>(getter)), codes}
 
 // The members in the order the platform is asked for them.
 const InfoField kInfoFields[] = {
@@ -157,15 +153,6 @@ static_assert(sizeof kInfoFields / sizeof kInfoFields[0] == 31, "31 members");
 #undef INFO_INT
 #undef INFO_CODE
 
-// The reply's member names, in the record's order, each followed by a NUL.
-const char kInfoNames[] =
-    "LanInterface\0VLANMode\0VLANIDMark\0802-1pMark\0MulticastVlan\0LanInterface-DHCPEnable\0"
-    "IPMode\0ConnectionType\0NATEnabled\0Username\0AddressingType\0ExternalIPAddress\0"
-    "SubnetMask\0DefaultGateway\0DNSEnabled\0DNSServers\0MACAddress\0ConnectionTrigger\0"
-    "IPv6IPAddressOrigin\0IPv6IPAddress\0IPv6DNSServers\0IPv6PrefixDelegationEnabled\0"
-    "IPv6PrefixOrigin\0IPv6Prefix\0IPv6PrefixPltime\0IPv6PrefixVltime\0IPv6DefaultGateway\0"
-    "IPv6DsliteEnable\0IPv6AftrMode\0IPv6AftrAddress\0ServiceList";
-
 // A text into a member of `size` bytes, cut at size - 1 and terminated.
 void put_text(char *member, size_t size, const char *text) {
   size_t n = strnlen(text, size - 1);
@@ -174,20 +161,23 @@ void put_text(char *member, size_t size, const char *text) {
 }
 
 // Every member is cut at its capacity. The platform's text getters take no size: each writes
-// into a zeroed scratch buffer far larger than any member, and the text is then cut at the
-// member's capacity, so an over-long platform text never runs into the next member or past
-// the record.
+// into a scratch buffer far larger than any member (zeroed as far as it is read back), and
+// the text is then cut at the member's capacity, so an over-long platform text never runs
+// into the next member or past the record.
 void fill_info(WanIfInfoRecord *info, int pvc, int entry) {
   char *base = reinterpret_cast<char *>(info);
   for (const InfoField &field : kInfoFields) {
     char *member = base + field.offset;
     if (field.kind == kInfoText) {
-      bundle::PlatformText<512> scratch;
-      field.text(pvc, entry, scratch.out());  // result not examined
-      put_text(member, field.size, scratch.text());
+      // Only the member's capacity is read back, so only that much of the scratch needs to be
+      // zeroed for a text the platform leaves unterminated.
+      char scratch[512];
+      memset(scratch, 0, field.size);
+      reinterpret_cast<WanTextGetter>(field.getter)(pvc, entry, scratch);  // result not examined
+      put_text(member, field.size, scratch);
       continue;
     }
-    int value = get_int(field.number, pvc, entry);
+    int value = get_int(reinterpret_cast<WanIntGetter>(field.getter), pvc, entry);
     const char *text;
     switch (field.kind) {
       case kInfoFlag:
@@ -197,7 +187,7 @@ void fill_info(WanIfInfoRecord *info, int pvc, int entry) {
         text = value == 1 ? "1" : "0";
         break;
       case kInfoCode:
-        text = value >= 0 && value < field.code_count ? field.codes[value] : "";
+        text = table_text(field.codes, field.codes_size, value);
         break;
       default:
         if (field.kind == kInfoVlan && value == 0) value = -1;
@@ -217,7 +207,7 @@ int get_status(WanStatusGetter getter, int pvc, int entry) {
   return value;
 }
 
-const char kParameterError[] = "{\"Result\":-1,\"FailReason\":\"parameter error\"}";
+const char kParameterError[] = "parameter error";  // the reason of BUNDLE_FAIL_REASON
 
 }  // namespace
 
@@ -231,11 +221,11 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getPONIf
   memset(&phy, 0, sizeof phy);
   brelo_ponGetIfPhyStatusInfo(&phy);  // result not examined: the reply is always Result 0
 
-  reply.append("{\"Result\":0,\"TXPower\":%d,\"RXPower\":%d,\"TransceiverTemperature\":%d,",
-               static_cast<int>(phy.tx_power), static_cast<int>(phy.rx_power),
-               static_cast<int>(phy.temperature));
   // "SupplyVottage" is the wire name Java bundles read; it is spelt so on purpose.
-  reply.append("\"SupplyVottage\":%d,\"BiasCurrent\":%d}", static_cast<int>(phy.supply_voltage),
+  reply.append("{\"Result\":0,\"TXPower\":%d,\"RXPower\":%d,\"TransceiverTemperature\":%d,"
+               "\"SupplyVottage\":%d,\"BiasCurrent\":%d}",
+               static_cast<int>(phy.tx_power), static_cast<int>(phy.rx_power),
+               static_cast<int>(phy.temperature), static_cast<int>(phy.supply_voltage),
                static_cast<int>(phy.bias_current));
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -278,12 +268,12 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
 
   if (list == nullptr) {
     // Nothing was handed over: nothing to free, and no trace on this path.
-    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append(BUNDLE_FAIL_REASON, "parameter NULL");
     return bundle::new_reply_string(env, reply.c_str());
   }
 
   if (rc != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"parameter NULL\"}");
+    reply.append(BUNDLE_FAIL_REASON, "parameter NULL");
   } else {
     reply.append("{\"Result\":0,\"List\":[");
     int printed = 0;
@@ -317,7 +307,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   bundle::Reply<1024> reply;
   unsigned long long us = 0, ds = 0;
   if (brelo_wanGetIfPackageStats(wanIndex, &us, &ds) != 0) {
-    reply.append("%s", kParameterError);
+    reply.append(BUNDLE_FAIL_REASON, kParameterError);
   } else {
     reply.append("{\"Result\":0,\"UsStats\":%llu,\"DsStats\":%llu}", us, ds);
   }
@@ -330,22 +320,23 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   bundle::Reply<4096> reply;
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
-    reply.append("%s", kParameterError);
+    reply.append(BUNDLE_FAIL_REASON, kParameterError);
     return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
-  WanIfInfoRecord info;
-  memset(&info, 0, sizeof info);
+  WanIfInfoRecord info;  // every member written whole by fill_info
   fill_info(&info, pvc, entry);
 
   // Every member is a JSON string, numbers included; texts go in as the platform gave them.
   reply.append("{\"Result\":0,");
-  const char *name = kInfoNames;
+  // The members' names are bundle::kWanMemberNames, in the record's order.
+  const char *name = bundle::kWanMemberNames;
   const char *base = reinterpret_cast<const char *>(&info);
   for (const InfoField &field : kInfoFields) {
+    name = bundle::wan_member_present(name, "Password");
     reply.append("\"%s\":\"%s\"%s", name, base + field.offset,
                  &field == &kInfoFields[30] ? "}" : ",");
-    name += strlen(name) + 1;
+    name = bundle::wan_member_after(name);
   }
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
@@ -359,7 +350,7 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWanIf
   bundle::Reply<1024> reply;
   if (wanIndex < 1) {
     // Index 1 itself is accepted; the message's wording is the one Java bundles know.
-    reply.append("{\"Result\":-1,\"FailReason\":\"parameter WanIndex must greater than 1\"}");
+    reply.append(BUNDLE_FAIL_REASON, "parameter WanIndex must greater than 1");
   } else {
     brelo_wanGetIfBandwidth(wanIndex, us.out(), ds.out());  // result not examined
     reply.append("{\"Result\":0,\"UsBandwidth\":\"%s\",\"DsBandwidth\":\"%s\"}", us.text(),
@@ -374,34 +365,23 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   bundle::Reply<4096> reply;
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
-    reply.append("%s", kParameterError);
+    reply.append(BUNDLE_FAIL_REASON, kParameterError);
     return BUNDLE_JSON_REPLY(env, reply.c_str());
   }
 
-  // The four texts of the reply, 400 bytes in all.
-  struct {
-    char uptime[16];
-    char ipv4_status[64];
-    char ipv6_status[64];
-    char last_error[256];
-  } status;
-  static_assert(sizeof status == 400, "status texts are 400 bytes");
-  memset(&status, 0, sizeof status);
-
-  snprintf(status.uptime, sizeof status.uptime, "%d",
-           get_status(brelo_wanGetUptime, pvc, entry));
-  snprintf(status.ipv4_status, sizeof status.ipv4_status, "%s",
-           table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry)));
-  snprintf(status.ipv6_status, sizeof status.ipv6_status, "%s",
-           table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry)));
-  snprintf(status.last_error, sizeof status.last_error, "%s",
-           table_text(kLastConnectionErrors,
-                      get_status(brelo_wanGetLastConnectionError, pvc, entry)));
-
-  reply.append("{\"Result\":0,\"Uptime\":\"%s\",\"ConnectionStatus\":\"%s\",", status.uptime,
-               status.ipv4_status);
-  reply.append("\"IPv6ConnStatus\":\"%s\",\"LastConnectionError\":\"%s\"}", status.ipv6_status,
-               status.last_error);
+  // The four values in the order the platform is asked for them. Each text fits the field
+  // the reply has always been given for it (uptime 16 bytes, statuses 64, last error 256),
+  // so they go into the reply as they are.
+  int uptime = get_status(brelo_wanGetUptime, pvc, entry);
+  const char *ipv4_status =
+      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry));
+  const char *ipv6_status =
+      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry));
+  const char *last_error =
+      table_text(kLastConnectionErrors, get_status(brelo_wanGetLastConnectionError, pvc, entry));
+  reply.append("{\"Result\":0,\"Uptime\":\"%d\",\"ConnectionStatus\":\"%s\",\"IPv6ConnStatus\":\"%s\","
+               "\"LastConnectionError\":\"%s\"}",
+               uptime, ipv4_status, ipv6_status, last_error);
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

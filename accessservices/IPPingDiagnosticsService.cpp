@@ -7,10 +7,13 @@
 
 namespace {
 
-const uint32_t kDefaultRepetitions = 4;
-const uint32_t kDefaultTimeout = 10;  // seconds
-const uint32_t kDefaultBlockSize = 56;
-const uint32_t kDefaultDscp = 0;
+// The numbers of the parameter text, with their defaults.
+const bundle::NumberParam kPingParams[] = {
+    {"NumberOfRepetitions", offsetof(PingRequest, repetitions), 1, 4, false},
+    {"Timeout", offsetof(PingRequest, timeout), 1000, 10, false},  // ms, kept in seconds
+    {"DataBlockSize", offsetof(PingRequest, block_size), 1, 56, false},
+    {"DSCP", offsetof(PingRequest, dscp), 1, 0, true},
+};
 
 }  // namespace
 
@@ -25,24 +28,14 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
     return BUNDLE_CODE_REPLY(-1);
   }
 
-  bundle::JavaChars parameter(env, jparameter);
-  if (bundle::acquire_failed(env, parameter)) return -1;  // no diagnostic is started
-  bundle::ParamTree params;  // a null or empty text gives every default
-  if (!params.parse_optional(parameter.get())) {
-    BUNDLE_TRACE_PUTS("JSON Parse format error!");
-    parameter.release();
-    return BUNDLE_CODE_REPLY(-1);
+  switch (bundle::read_number_params(env, jparameter, BUNDLE_NATIVE, kPingParams, 4, &req)) {
+    case bundle::kParamsPending:
+      return -1;  // no diagnostic is started
+    case bundle::kParamsBad:
+      return BUNDLE_CODE_REPLY(-1);
+    default:
+      break;
   }
-  req.repetitions = params.int_or("NumberOfRepetitions", kDefaultRepetitions);
-  req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
-  req.block_size = params.int_or("DataBlockSize", kDefaultBlockSize);
-  req.dscp = params.int_or("DSCP", kDefaultDscp);
-  parameter.release();
-
-  // Zero means "not given": a Timeout below 1000 ms gets the default too. DSCP 0 is a value.
-  if (req.repetitions == 0) req.repetitions = kDefaultRepetitions;
-  if (req.timeout == 0) req.timeout = kDefaultTimeout;
-  if (req.block_size == 0) req.block_size = kDefaultBlockSize;
   BUNDLE_TRACE("host = %s, repetitions = %u, interval = %u, block size = %u, dscp = %u\n",
                req.host, req.repetitions, req.timeout, req.block_size, req.dscp);
 
@@ -58,15 +51,15 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_getIPP
   memset(&res, 0, sizeof res);
   int rc = brelo_getIPPingDiagnostics(&res);
   if (rc == 0) {
-    reply.append("{\"Result\":0,\"SuccessCount\":%u,\"FailureCount\":%u,\"AverageResponseTime\":%u,",
-                 res.success_count, res.failure_count, res.average_response_time);
-    reply.append("\"MinimumResponseTime\":%u,\"MaximumResponseTime\":%u}",
+    reply.append("{\"Result\":0,\"SuccessCount\":%u,\"FailureCount\":%u,\"AverageResponseTime\":%u,"
+                 "\"MinimumResponseTime\":%u,\"MaximumResponseTime\":%u}",
+                 res.success_count, res.failure_count, res.average_response_time,
                  res.minimum_response_time, res.maximum_response_time);
   } else if (rc == -2) {
     // "diagonostics" is how Java bundles have always received it.
     reply.append("{\"Result\":-2,\"FailReason\":\"Ping diagonostics not completed\"}");
   } else {
-    reply.append("{\"Result\":-1,\"FailReason\":\"Ping diagonostics fail\"}");
+    reply.append(BUNDLE_FAIL_REASON, "Ping diagonostics fail");
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

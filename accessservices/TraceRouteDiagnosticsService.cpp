@@ -11,11 +11,14 @@
 
 namespace {
 
-const uint32_t kDefaultTries = 3;
-const uint32_t kDefaultTimeout = 5;  // seconds
-const uint32_t kDefaultBlockSize = 38;
-const uint32_t kDefaultDscp = 0;
-const uint32_t kDefaultMaxHops = 30;
+// The numbers of the parameter text, with their defaults.
+const bundle::NumberParam kTraceRouteParams[] = {
+    {"NumberOfTries", offsetof(TraceRouteRequest, tries), 1, 3, false},
+    {"Timeout", offsetof(TraceRouteRequest, timeout), 1000, 5, false},  // ms, kept in seconds
+    {"DataBlockSize", offsetof(TraceRouteRequest, block_size), 1, 38, false},
+    {"DSCP", offsetof(TraceRouteRequest, dscp), 1, 0, true},
+    {"MaxHopCount", offsetof(TraceRouteRequest, max_hops), 1, 30, false},
+};
 
 // The platform's record of the last finished traceroute; deleted after every result query so
 // that the next query does not find a stale result.
@@ -37,26 +40,15 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
     return BUNDLE_CODE_REPLY(-1);
   }
 
-  bundle::JavaChars parameter(env, jparameter);
-  if (bundle::acquire_failed(env, parameter)) return -1;  // no diagnostic is started
-  bundle::ParamTree params;  // a null or empty text gives every default
-  if (!params.parse_optional(parameter.get())) {
-    BUNDLE_TRACE_PUTS("JSON Parse format error!");
-    parameter.release();
-    return BUNDLE_CODE_REPLY(-1);
+  switch (bundle::read_number_params(env, jparameter, BUNDLE_NATIVE, kTraceRouteParams, 5,
+                                     &req)) {
+    case bundle::kParamsPending:
+      return -1;  // no diagnostic is started
+    case bundle::kParamsBad:
+      return BUNDLE_CODE_REPLY(-1);
+    default:
+      break;
   }
-  req.tries = params.int_or("NumberOfTries", kDefaultTries);
-  req.timeout = params.int_or("Timeout", kDefaultTimeout * 1000) / 1000;  // milliseconds
-  req.block_size = params.int_or("DataBlockSize", kDefaultBlockSize);
-  req.dscp = params.int_or("DSCP", kDefaultDscp);
-  req.max_hops = params.int_or("MaxHopCount", kDefaultMaxHops);
-  parameter.release();
-
-  // Zero means "not given": a Timeout below 1000 ms gets the default too. DSCP 0 is a value.
-  if (req.tries == 0) req.tries = kDefaultTries;
-  if (req.timeout == 0) req.timeout = kDefaultTimeout;
-  if (req.block_size == 0) req.block_size = kDefaultBlockSize;
-  if (req.max_hops == 0) req.max_hops = kDefaultMaxHops;
 
   int rc = brelo_startTraceRouteDiagnostics(wanIndex, &req);
   return BUNDLE_CODE_REPLY(rc);
@@ -74,9 +66,9 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
 
   if (rc == 0) {
     const int32_t count = res.hop_count;
-    reply.append("{\"Result\":0,\"ResponseTime\":%u,", res.response_time);
-    reply.append("\"HopsNumberOfEntries\":%d,", static_cast<int>(count));
-    reply.append("\"RouteHops\": [");  // the blank after the colon is part of the reply
+    // The blank after "RouteHops": is part of the reply.
+    reply.append("{\"Result\":0,\"ResponseTime\":%u,\"HopsNumberOfEntries\":%d,\"RouteHops\": [",
+                 res.response_time, static_cast<int>(count));
     // The hop array holds no more records than its allocation, whatever the count says.
     const int32_t records = bundle::platform_list_count(hops, count);
     for (int32_t i = 0; i < records && reply.offset() < kHopListCut; ++i) {
@@ -84,20 +76,17 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_ge
       bundle::terminate_field(hop.host);
       bundle::terminate_field(hop.address);
       bundle::terminate_field(hop.rt_times);
-      reply.append("{\"HopHost\":\"%s\",", hop.host);
-      reply.append("\"HopHostAddress\":\"%s\",", hop.address);
-      reply.append("\"HopErrorCode\":%u,", hop.error_code);
-      reply.append("\"HopRTTimes\":\"%s\"}", hop.rt_times);
+      reply.append("{\"HopHost\":\"%s\",\"HopHostAddress\":\"%s\",\"HopErrorCode\":%u,\"HopRTTimes\":\"%s\"}",
+                   hop.host, hop.address, hop.error_code, hop.rt_times);
       // The comma follows the count, not the cut: a cut list ends with ",]".
       if (i < count - 1) reply.append(",");
     }
-    reply.append("]");
-    reply.append("}");
+    reply.append("]}");
   } else if (rc == -2) {
     // "FailReaso1n" (digit one) and "diagonostics" are what Java bundles have always read here.
     reply.append("{\"Result\":-2,\"FailReaso1n\":\"TraceRoute diagonostics not completed\"}");
   } else {
-    reply.append("{\"Result\":-1,\"FailReason\":\"TraceRoute diagonostics fail\"}");
+    reply.append(BUNDLE_FAIL_REASON, "TraceRoute diagonostics fail");
   }
 
   if (hops != nullptr) free(hops);

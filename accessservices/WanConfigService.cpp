@@ -4,6 +4,7 @@
 #include <stddef.h>
 #include <stdio.h>
 
+#include "accessservices/wan_members.h"
 #include "common/hardened.h"
 #include "common/native.h"
 #include "common/native_reply.h"
@@ -14,55 +15,39 @@ namespace {
 // Copies one creation text into its zeroed 32-byte buffer. A text that would not fit with its
 // terminator is refused (false) rather than cut, so the platform never sees half a value.
 bool copy_creation_text(char (&buf)[32], const char *text) {
-  size_t len = strnlen(text, sizeof buf);
-  if (len >= sizeof buf) return false;
-  memcpy(buf, text, len);
+  if (strnlen(text, sizeof buf) >= sizeof buf) return false;
+  bundle::copy_padded(buf, text);  // the rest of the buffer zero
   return true;
 }
 
-// The members of the change record by JSON name, for the trace.
+// The members of the change record, for the trace, in the order of their JSON names
+// (bundle::kWanMemberNames).
 struct ChangeMember {
-  const char *name;
-  size_t offset;
-  size_t capacity;
+  uint16_t offset;
+  uint16_t capacity;
 };
 
-#define CHANGE_MEMBER(json, field) \
-  { json, offsetof(WanChangeRecord, field), sizeof(WanChangeRecord::field) }
+#define CHANGE_MEMBER(field) {offsetof(WanChangeRecord, field), sizeof(WanChangeRecord::field)}
 
 const ChangeMember kChangeMembers[] = {
-    CHANGE_MEMBER("LanInterface", lan_interface),
-    CHANGE_MEMBER("VLANMode", vlan_mode),
-    CHANGE_MEMBER("VLANIDMark", vlan_id_mark),
-    CHANGE_MEMBER("802-1pMark", priority_8021p),
-    CHANGE_MEMBER("MulticastVlan", multicast_vlan),
-    CHANGE_MEMBER("LanInterface-DHCPEnable", lan_dhcp_enable),
-    CHANGE_MEMBER("IPMode", ip_mode),
-    CHANGE_MEMBER("NATEnabled", nat_enabled),
-    CHANGE_MEMBER("Username", username),
-    CHANGE_MEMBER("Password", password),
-    CHANGE_MEMBER("AddressingType", addressing_type),
-    CHANGE_MEMBER("ExternalIPAddress", external_ip_address),
-    CHANGE_MEMBER("SubnetMask", subnet_mask),
-    CHANGE_MEMBER("DefaultGateway", default_gateway),
-    CHANGE_MEMBER("DNSEnabled", dns_enabled),
-    CHANGE_MEMBER("DNSServers", dns_servers),
-    CHANGE_MEMBER("MACAddress", mac_address),
-    CHANGE_MEMBER("ConnectionTrigger", connection_trigger),
-    CHANGE_MEMBER("IPv6IPAddressOrigin", ipv6_address_origin),
-    CHANGE_MEMBER("IPv6IPAddress", ipv6_address),
-    CHANGE_MEMBER("IPv6DNSServers", ipv6_dns_servers),
-    CHANGE_MEMBER("IPv6PrefixDelegationEnabled", ipv6_prefix_delegation_enabled),
-    CHANGE_MEMBER("IPv6PrefixOrigin", ipv6_prefix_origin),
-    CHANGE_MEMBER("IPv6Prefix", ipv6_prefix),
-    CHANGE_MEMBER("IPv6PrefixPltime", ipv6_prefix_pltime),
-    CHANGE_MEMBER("IPv6PrefixVltime", ipv6_prefix_vltime),
-    CHANGE_MEMBER("IPv6DefaultGateway", ipv6_default_gateway),
-    CHANGE_MEMBER("IPv6DsliteEnable", ipv6_dslite_enable),
-    CHANGE_MEMBER("IPv6AftrMode", ipv6_aftr_mode),
-    CHANGE_MEMBER("IPv6AftrAddress", ipv6_aftr_address),
-    CHANGE_MEMBER("ServiceList", service_list),
+    CHANGE_MEMBER(lan_interface),        CHANGE_MEMBER(vlan_mode),
+    CHANGE_MEMBER(vlan_id_mark),         CHANGE_MEMBER(priority_8021p),
+    CHANGE_MEMBER(multicast_vlan),       CHANGE_MEMBER(lan_dhcp_enable),
+    CHANGE_MEMBER(ip_mode),              CHANGE_MEMBER(nat_enabled),
+    CHANGE_MEMBER(username),             CHANGE_MEMBER(password),
+    CHANGE_MEMBER(addressing_type),      CHANGE_MEMBER(external_ip_address),
+    CHANGE_MEMBER(subnet_mask),          CHANGE_MEMBER(default_gateway),
+    CHANGE_MEMBER(dns_enabled),          CHANGE_MEMBER(dns_servers),
+    CHANGE_MEMBER(mac_address),          CHANGE_MEMBER(connection_trigger),
+    CHANGE_MEMBER(ipv6_address_origin),  CHANGE_MEMBER(ipv6_address),
+    CHANGE_MEMBER(ipv6_dns_servers),     CHANGE_MEMBER(ipv6_prefix_delegation_enabled),
+    CHANGE_MEMBER(ipv6_prefix_origin),   CHANGE_MEMBER(ipv6_prefix),
+    CHANGE_MEMBER(ipv6_prefix_pltime),   CHANGE_MEMBER(ipv6_prefix_vltime),
+    CHANGE_MEMBER(ipv6_default_gateway), CHANGE_MEMBER(ipv6_dslite_enable),
+    CHANGE_MEMBER(ipv6_aftr_mode),       CHANGE_MEMBER(ipv6_aftr_address),
+    CHANGE_MEMBER(service_list),
 };
+static_assert(sizeof kChangeMembers / sizeof kChangeMembers[0] == 31, "31 members");
 
 #undef CHANGE_MEMBER
 
@@ -73,9 +58,9 @@ extern "C" {
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_addWANIfJni(
     JNIEnv *env, jobject, jstring vlanMode, jstring vlanIdMark, jstring connectionType) {
-  char vlan_mode[32] = {};
-  char vlan_id_mark[32] = {};
-  char connection_type[32] = {};
+  char vlan_mode[32];  // each written whole before the platform is asked
+  char vlan_id_mark[32];
+  char connection_type[32];
   const jstring texts[] = {vlanMode, vlanIdMark, connectionType};
   char(*const fields[])[32] = {&vlan_mode, &vlan_id_mark, &connection_type};
 
@@ -118,14 +103,17 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_setWANIfJni(
 
   // Every member as the platform parsed it, the password too, in clear (masked when hardened).
   const char *record = reinterpret_cast<const char *>(&change);
+  const char *name = bundle::kWanMemberNames;
   for (const ChangeMember &member : kChangeMembers) {
+    name = bundle::wan_member_present(name, "ConnectionType");
     const char *value = record + member.offset;
     int width = static_cast<int>(member.capacity);
-    if (strcmp(member.name, "Password") == 0 && bundle::secret(value) != value) {
+    if (strcmp(name, "Password") == 0 && bundle::secret(value) != value) {
       value = bundle::secret(value);
       width = static_cast<int>(strlen(value));
     }
-    BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", member.name, width, value);
+    BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", name, width, value);
+    name = bundle::wan_member_after(name);
   }
 
   int rc = brelo_wanSetIf(wanIndex, &change);

@@ -11,6 +11,7 @@
 #include <string.h>
 
 #include "common/java_chars.h"
+#include "common/trace.h"
 
 namespace bundle {
 
@@ -68,6 +69,24 @@ inline int32_t param_int(const char *text) {
   if (v < INT32_MIN) return INT32_MIN;
   return static_cast<int32_t>(v);
 }
+
+// One number of a start native's request record, read from its parameter text.
+struct NumberParam {
+  const char *key;
+  uint16_t offset;   // of the uint32_t member in the request record
+  uint16_t divisor;  // 1000 for a Timeout given in milliseconds and kept in seconds, else 1
+  uint32_t dflt;     // when the member is absent, and when it reads as 0 ("not given")
+  bool zero_kept;    // 0 is a value (DSCP): only an absent member gets the default
+};
+
+enum ParamsRead { kParamsRead, kParamsBad, kParamsPending };
+
+// Reads the optional parameter text of a start native into the numbers `params` of `record`
+// (a null or empty text gives every default) and gives the text back. kParamsBad when the text
+// is not JSON (traced under `native`); kParamsPending when the text could not be obtained: no
+// diagnostic is started then.
+ParamsRead read_number_params(JNIEnv *env, jstring jparameter, TraceName native,
+                              const NumberParam *params, size_t count, void *record);
 
 // True for a NULL or empty Java text.
 inline bool is_null_or_empty(const char *text) { return text == nullptr || text[0] == '\0'; }

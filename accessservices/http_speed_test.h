@@ -46,26 +46,19 @@ inline void http_result_reply(Reply<1024> &reply, uint32_t direction) {
       terminate_field(res.eom_time);
       terminate_field(res.tcp_open_request_time);
       terminate_field(res.tcp_open_response_time);
-      if (direction == kHttpUpload) {
-        // "TotalBytesSend" beside "TestBytesSent" is the name Java bundles read.
-        reply.append("{\"Result\":\"Completed\", \"TestUploadRate\":%u, \"TotalUploadRate\":%u, "
-                     "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
-                     "\"TestBytesSent\":%llu, \"TotalBytesSend\":%llu, "
-                     "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
-                     res.test_rate, res.total_rate, res.rom_time, res.bom_time, res.eom_time,
-                     static_cast<unsigned long long>(res.test_bytes),
-                     static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
-                     res.tcp_open_response_time);
-      } else {
-        reply.append("{\"Result\":\"Completed\", \"TestDownloadRate\":%u, \"TotalDownloadRate\":%u, "
-                     "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
-                     "\"TestBytesReceived\":%llu, \"TotalBytesReceived\":%llu, "
-                     "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
-                     res.test_rate, res.total_rate, res.rom_time, res.bom_time, res.eom_time,
-                     static_cast<unsigned long long>(res.test_bytes),
-                     static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
-                     res.tcp_open_response_time);
-      }
+      // The member names differ by direction; "TotalBytesSend" beside "TestBytesSent" is the
+      // name Java bundles read for an upload.
+      reply.append("{\"Result\":\"Completed\", \"Test%sRate\":%u, \"Total%sRate\":%u, "
+                   "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
+                   "\"TestBytes%s\":%llu, \"TotalBytes%s\":%llu, "
+                   "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
+                   direction == kHttpUpload ? "Upload" : "Download", res.test_rate,
+                   direction == kHttpUpload ? "Upload" : "Download", res.total_rate, res.rom_time,
+                   res.bom_time, res.eom_time, direction == kHttpUpload ? "Sent" : "Received",
+                   static_cast<unsigned long long>(res.test_bytes),
+                   direction == kHttpUpload ? "Send" : "Received",
+                   static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
+                   res.tcp_open_response_time);
       break;
     case kHttpRequested:
       reply.append("{\"Result\":\"Requested\"}");

@@ -39,11 +39,9 @@ Java_com_lumarest_smartgateway_addressservices_LANIPInfoQueryServiceImp_getLANDH
   brelo_dhcpdGetServerSettings(&settings);
   bundle::terminate_field(settings.start);
   bundle::terminate_field(settings.end);
-  char enabled[8] = {0};
-  snprintf(enabled, sizeof enabled, "%s", settings.enabled == 1 ? "TRUE" : "FALSE");
-  reply.append("{\"Result\":0,\"EnableDHCPServer\":\"%s\",\"DHCPStartIP\":\"%s\",", enabled,
-               settings.start);
-  reply.append("\"DHCPEndIP\":\"%s\",\"DHCPDuration\":%d}", settings.end,
+  reply.append("{\"Result\":0,\"EnableDHCPServer\":\"%s\",\"DHCPStartIP\":\"%s\",\"DHCPEndIP\":\"%s\","
+               "\"DHCPDuration\":%d}",
+               settings.enabled == 1 ? "TRUE" : "FALSE", settings.start, settings.end,
                static_cast<int>(settings.lease));
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

@@ -43,7 +43,7 @@ bool existing_rule(bundle::TraceName native, jint wan_index, jint mapping_index,
     return false;
   }
   rule_node(node, pvc, entry, mapping_index);
-  char protocol[32] = {0};
+  char protocol[32];  // every tree read leaves a terminated text
   bundle::tree_get(node, "Protocal", protocol);
   if (!slot_in_use(protocol)) {
     BUNDLE_TRACE_AS(native, "portMappingIndex %d is not exist\n", mapping_index);
@@ -66,7 +66,7 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   if (static_cast<uint32_t>(external_port) > 65535u) return -1;
   if (static_cast<uint32_t>(internal_port) > 65535u) return -1;
 
-  char protocol[16] = {0};
+  char protocol[16];
   bundle::JavaChars jp(env, jprotocol);
   if (jp.is_null()) return -1;
   if (strcmp(jp.get(), "TCP") != 0 && strcmp(jp.get(), "UDP") != 0) {
@@ -77,7 +77,7 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   snprintf(protocol, sizeof protocol, "%s", jp.get());
   jp.release();
 
-  char client[32] = {0};
+  char client[32];
   bundle::JavaChars jc(env, jclient);
   if (jc.is_null()) return -1;
   if (ipValidCheck(jc.get()) < 0) {
@@ -97,8 +97,8 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
     return -1;
   }
 
-  char node[64] = {0};
-  char service[32] = {0};
+  char node[64];
+  char service[32];
   snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", pvc, entry);
   bundle::tree_get(node, "ServiceList", service);
   if (strcmp(service, "TR069") == 0) {
@@ -108,7 +108,7 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
 
   int slot = -1;
   for (int s = 0; s < kSlots && slot < 0; ++s) {
-    char used[32] = {0};
+    char used[32];
     snprintf(node, sizeof node, "VirServer_Entry%d_Entry%d", pvc * 8 + entry, s);
     bundle::tree_get(node, "Protocal", used);
     if (!slot_in_use(used)) slot = s;
@@ -119,7 +119,7 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   }
 
   // The same mapping may be added twice: existing rules are not compared.
-  char number[64] = {0};
+  char number[64];
   tcapi_set(node, "Protocal", protocol);
   tcapi_set(node, "SrcIP", "0.0.0.0");
   snprintf(number, sizeof number, "%d", external_port);
@@ -152,7 +152,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_deletePortMappingJni(
     JNIEnv *, jobject, jint wanIndex, jint portMappingIndex) {
   int rc = -1;
-  char node[64] = {0};
+  char node[64];
   // WAN index 0 is accepted here (the switch refuses it).
   if (wanIndex >= 0 && existing_rule(BUNDLE_NATIVE, wanIndex, portMappingIndex, node)) {
     tcapi_unset(node);
@@ -166,7 +166,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_addressservices_PortMappingConfigServiceImp_setPortMappingSwitchJni(
     JNIEnv *, jobject, jint wanIndex, jint portMappingIndex, jboolean enable) {
   int rc = -1;
-  char node[64] = {0};
+  char node[64];
   if (wanIndex <= 0) {
     // Kept on purpose: stricter than delete (WAN index 0 refused), and the message speaks of
     // the port-mapping index although the WAN index is tested.

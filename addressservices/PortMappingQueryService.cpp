@@ -59,12 +59,13 @@ void append_opener(char *buf, size_t cap, size_t *off) {
 
 // The display name of the WAN with internal index v (what the trace calls getWANName).
 void wan_name(bundle::TraceName native, int v, char (&name)[kWanNameSize]) {
-  char node[64] = {0};
-  char vlan_mode[32] = {0};
-  char vlan_id[16] = {0};
-  char ifidx[16] = {0};
-  char service[32] = {0};
-  char wan_mode[16] = {0};
+  // Every tree read and name leaves a terminated text, all that is read of its buffer.
+  char node[64];
+  char vlan_mode[32];
+  char vlan_id[16];
+  char ifidx[16];
+  char service[32];
+  char wan_mode[16];
   snprintf(node, sizeof node, "Wan_PVC%d", v >> 3);
   bundle::tree_get(node, "VLANMode", vlan_mode);
   bundle::tree_get(node, "VLANID", vlan_id);
@@ -72,7 +73,7 @@ void wan_name(bundle::TraceName native, int v, char (&name)[kWanNameSize]) {
   bundle::tree_get(node, "IFIdx", ifidx);
   bundle::tree_get(node, "ServiceList", service);
   bundle::tree_get(node, "WanMode", wan_mode);
-  snprintf(name, sizeof name, "%s_%s_%s_VID_%s", ifidx, service,
+  bundle::format_text(name, sizeof name, "%s_%s_%s_VID_%s", ifidx, service,
            strcmp(wan_mode, "Route") == 0 ? "R" : "B",
            strcmp(vlan_mode, "TAG") == 0 ? vlan_id : "");
   BUNDLE_TRACE_AS(native, "getWANName: %s\n", name);
@@ -80,14 +81,14 @@ void wan_name(bundle::TraceName native, int v, char (&name)[kWanNameSize]) {
 
 // Appends the WAN object of internal index v and its rules, or nothing when no slot is listed.
 void append_wan(bundle::TraceName native, char *buf, size_t cap, size_t *off, int v) {
-  char name[kWanNameSize] = {0};
+  char name[kWanNameSize];
   wan_name(native, v, name);
   if (strstr(name, "TR069") != nullptr) return;  // the management WAN is never listed
   bool listed = false;
   for (int slot = 0; slot < kSlots; ++slot) {
-    char node[64] = {0};
-    char intport[16] = {0};
-    snprintf(node, sizeof node, "VirServer_Entry%d_Entry%d", v, slot);
+    char node[64];
+    char intport[16];
+    bundle::format_text(node, sizeof node, "VirServer_Entry%d_Entry%d", v, slot);
     bundle::tree_get(node, "INTPORT", intport);
     if (intport[0] == '\0') continue;
     if (!listed) {
@@ -95,21 +96,19 @@ void append_wan(bundle::TraceName native, char *buf, size_t cap, size_t *off, in
       bundle::reply_append(buf, cap, off, WAN_HEAD, name);
       listed = true;
     }
-    char startport[32] = {0};
-    char protocol[32] = {0};
-    char localip[32] = {0};
-    char active[16] = {0};
+    char startport[32];
+    char protocol[32];
+    char localip[32];
+    char active[16];
     bundle::tree_get(node, "STARTPORT", startport);
     bundle::tree_get(node, "Protocal", protocol);
     bundle::tree_get(node, "LOCALIP", localip);
     bundle::tree_get(node, "Active", active);
     append_opener(buf, cap, off);
-    bundle::reply_append(buf, cap, off, RULE_INDEX, slot + 1);
-    bundle::reply_append(buf, cap, off, RULE_ENABLED, strcmp(active, "Yes") == 0 ? "TRUE" : "FALSE");
-    bundle::reply_append(buf, cap, off, RULE_EXTERNAL, bundle::tree_atoi(startport));
-    bundle::reply_append(buf, cap, off, RULE_INTERNAL, bundle::tree_atoi(intport));
-    bundle::reply_append(buf, cap, off, RULE_PROTOCOL, protocol);
-    bundle::reply_append(buf, cap, off, RULE_CLIENT, localip);
+    bundle::reply_append(buf, cap, off,
+                         RULE_INDEX RULE_ENABLED RULE_EXTERNAL RULE_INTERNAL RULE_PROTOCOL RULE_CLIENT,
+                         slot + 1, strcmp(active, "Yes") == 0 ? "TRUE" : "FALSE",
+                         bundle::tree_atoi(startport), bundle::tree_atoi(intport), protocol, localip);
   }
   if (listed) bundle::reply_append(buf, cap, off, "%s", LIST_TAIL);
 }
@@ -126,17 +125,18 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   int8_t count = static_cast<int8_t>(bundle::getValidIFIndex(valid, bundle::kQueryWanRoom));
   if (count < 0) {
     bundle::Reply<256> fail;
-    fail.append("{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}");
+    fail.append(BUNDLE_FAIL_REASON, "No Valid WAN");
     return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t cap = reply_size(count);
-  char *buf = static_cast<char *>(calloc(cap, 1));
+  char *buf = static_cast<char *>(malloc(cap));  // only the text composed into it is read
   if (buf == nullptr) {
     bundle::Reply<256> fail;
-    fail.append("{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+    fail.append(BUNDLE_FAIL_REASON, "No enough memory");
     return BUNDLE_JSON_REPLY(env, fail.c_str());
   }
   size_t off = 0;
+  buf[0] = '\0';
   bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
   bundle::TraceName native = BUNDLE_NATIVE;
   for (int i = 0; i < count; ++i) append_wan(native, buf, cap, &off, valid[i]);

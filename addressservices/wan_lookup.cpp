@@ -17,7 +17,7 @@ int tree_atoi(const char *text) {
 }
 
 int getValidIFIndex(int *out, int room) {
-  char list[128] = {0};
+  char list[128];  // every tree read leaves a terminated text
   tree_get("WanInfo_Common", "ValidIFIndex", list);
   int count = 0;
   char *save = nullptr;
@@ -33,8 +33,8 @@ int getPVCEntryByIFIdx(int wanIndex, int *pvc, int *entry) {
   int valid[kLookupWanRoom] = {0};
   int count = getValidIFIndex(valid, kLookupWanRoom);
   for (int i = 0; i < count; ++i) {
-    char node[64] = {0};
-    char ifidx[16] = {0};
+    char node[64];
+    char ifidx[16];
     snprintf(node, sizeof node, "Wan_PVC%d_Entry%d", valid[i] >> 3, valid[i] & 7);
     tree_get(node, "IFIdx", ifidx);
     if (tree_atoi(ifidx) == wanIndex) {

@@ -17,7 +17,7 @@ trap 'rm -rf "$work"' EXIT
 printf '| native | samples in the native | in the simulator | simulator share |\n|---|---:|---:|---:|\n'
 for method in "$@"; do
   BRELO_SIM_LOG=off BRELO_SIM_SAVE= \
-  LD_PRELOAD="$build/lib/libgatewayhost.so:$build/lib/libbundle_floor.so" \
+  LD_PRELOAD="$build/lib/libbundle_floor.so:$build/lib/libgatewayhost.so" \
     perf record -q -o "$work/perf.data" -F 1000 --call-graph dwarf,16384 -- \
     java -XX:+UseSerialGC -Djava.library.path="$build/lib" -cp "$build/java/classes" \
          bundlesc.bench.BridgeBench --only "\\.$method\$" --rounds 10 --warmup-ms 200 \

@@ -7,11 +7,17 @@
 #              <libdir>/bundle_sc/simulator (a directory of its own, so it never shadows a real
 #              platform library), the default gateway's state in <datadir>/bundle_sc/gateway,
 #              and bin/bundle_sc-simulator, which runs a command (a JVM) against them.
+#   capture    bin/bundle_sc-capture, which captures a gateway into a state folder of the
+#              simulator (capture/); on the gateway it opens the platform libraries at run time,
+#              off it `bundle_sc-simulator bundle_sc-capture FOLDER` captures the simulated one.
+#              A package of its own: the library's flash budget does not count it.
 #   java       the service classes without native code (bundle_sc-services.jar, for non-OSGi
 #              use and for compiling bundles), the bridge bundle and its Javadoc jar, the
-#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java.
+#              reply reader's bundle (bundlesc.reply.jar), in <datadir>/java; the bundle
+#              developer's kit (cmake/BundleSdk.cmake).
 #
-# A firmware package installs the runtime component alone (packaging/).
+# A firmware package installs the runtime component, a sub-package the capture component
+# (packaging/).
 
 include(GNUInstallDirs)
 
@@ -28,6 +34,9 @@ set(BUNDLE_JAVA_INSTALL_DIR "${CMAKE_INSTALL_DATADIR}/java" CACHE STRING
 # No INSTALL_RPATH: installing removes the RUNPATH that points at the build tree.
 install(TARGETS bundle_sc
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime)
+
+# --- capture -------------------------------------------------------------------------------
+install(TARGETS bundle_sc-capture RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT capture)
 
 # --- simulator -----------------------------------------------------------------------------
 set(bundle_install_features "")
@@ -74,7 +83,7 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
        "Implementation-Vendor: Lumarest\n")
   add_custom_command(OUTPUT "${BUNDLE_SERVICES_JAR}"
     COMMAND ${CMAKE_COMMAND} -E rm -rf "${services_classes}"
-    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options
+    COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 -Xlint:all -Xlint:-options -parameters
             -d "${services_classes}" ${services_sources}
     COMMAND ${Java_JAR_EXECUTABLE} --create --file "${BUNDLE_SERVICES_JAR}"
             --manifest "${CMAKE_BINARY_DIR}/java/services-manifest.txt" -C "${services_classes}" .
@@ -83,6 +92,11 @@ if(BUNDLE_INSTALL_JAVA AND Java_JAVAC_EXECUTABLE AND Java_JAR_EXECUTABLE)
   add_custom_target(services_jar ALL DEPENDS "${BUNDLE_SERVICES_JAR}")
   install(FILES "${BUNDLE_SERVICES_JAR}" DESTINATION "${BUNDLE_JAVA_INSTALL_DIR}" COMPONENT java)
   list(APPEND bundle_install_features services_jar)
+
+  # The bundle developer's kit, when this build compiles the Java side.
+  if(TARGET java_classes)
+    include("${CMAKE_CURRENT_LIST_DIR}/BundleSdk.cmake")
+  endif()
 
   # The bridge bundle and its Javadoc jar, when this build makes them; built by `all` so that
   # `cmake --install` finds them.

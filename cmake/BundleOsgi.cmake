@@ -1,6 +1,7 @@
 # The OSGi side: the bridge bundle (the service classes and libbundle_sc.so for every built
 # target, as the gateway's framework installs them), the simulator bundle, and the osgi.* tier
-# that runs them in Debian's Apache Felix under -Xcheck:jni.
+# that runs them under -Xcheck:jni in each OSGi framework Debian ships: Apache Felix (the
+# gateway's framework), Eclipse Equinox and Knopflerfish.
 #
 # The manifests are written here rather than computed by bnd: a bundle of plain classes with a
 # fixed set of exports and native clauses needs nothing bnd would analyse, and a written
@@ -136,6 +137,31 @@ if(NOT bundle_java_tests OR NOT TARGET sim_bundle)
   return()
 endif()
 
+# The frameworks, each launched by the same harness through the standard launch API (the
+# framework jar on the class path provides the FrameworkFactory). Felix needs the launch
+# properties of java/osgi/framework.properties on a VM past Java 8; Equinox 3.18 and
+# Knopflerfish 8.0.5 derive Java 8 from the running VM themselves and need none.
+set(BUNDLE_EQUINOX_JAR "/usr/share/java/eclipse-osgi.jar" CACHE FILEPATH
+    "Eclipse Equinox framework (Debian: libeclipse-osgi-java)")
+set(BUNDLE_KNOPFLERFISH_JAR "/usr/share/java/knopflerfish-framework.jar" CACHE FILEPATH
+    "Knopflerfish framework (Debian: libknopflerfish-osgi-framework-java)")
+set(osgi_frameworks felix equinox knopflerfish)
+set(osgi_felix_jar "${BUNDLE_FELIX_JAR}")
+set(osgi_felix_properties "${CMAKE_SOURCE_DIR}/java/osgi/framework.properties")
+set(osgi_equinox_jar "${BUNDLE_EQUINOX_JAR}")
+set(osgi_equinox_properties "")
+set(osgi_equinox_package libeclipse-osgi-java)
+set(osgi_knopflerfish_jar "${BUNDLE_KNOPFLERFISH_JAR}")
+set(osgi_knopflerfish_properties "")
+set(osgi_knopflerfish_package libknopflerfish-osgi-framework-java)
+foreach(fw equinox knopflerfish)
+  if(NOT EXISTS "${osgi_${fw}_jar}")
+    message(FATAL_ERROR "The ${fw} framework is not at ${osgi_${fw}_jar} (Debian package "
+                        "${osgi_${fw}_package}, in scripts/packages.sh): the osgi.${fw}.* tests "
+                        "run the bridge bundle in it")
+  endif()
+endforeach()
+
 # The probe bundles (java/osgi/probe): the same classes under two symbolic names, so two
 # bundles can call at once. They import the six service packages and the simulator's.
 set(probe_imports "")
@@ -188,26 +214,29 @@ set(osgi_native_count ${exported_native_count})
 set(osgi_tests calls concurrent lifecycle early-call installed-twice foreign-processor
                no-platform-library)
 set(osgi_test_names "")
-foreach(scenario IN LISTS osgi_tests)
-  add_test(NAME osgi.${scenario}
-    COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni
-            --add-opens java.base/java.net=ALL-UNNAMED --add-opens java.base/java.security=ALL-UNNAMED
-            -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
-            -Dbundlesc.osgi.dir=${osgi_out}
-            -Dbundlesc.osgi.classes=${BUNDLE_JAVA_CLASSES}
-            -Dbundlesc.osgi.properties=${CMAKE_SOURCE_DIR}/java/osgi/framework.properties
-            -Dbundlesc.osgi.natives=${osgi_native_count}
-            -cp "${BUNDLE_FELIX_JAR}:${harness_classes}" bundlesc.osgi.FelixHarness ${scenario})
-  list(APPEND osgi_test_names osgi.${scenario})
-  # The bundles' libraries have no RUNPATH: the simulator's lib dir is on the loader's path,
-  # as the box launcher sets it; the bad-input test leaves it off.
-  if(scenario STREQUAL "no-platform-library")
-    set(library_path "")
-  else()
-    set(library_path "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
-  endif()
-  set_tests_properties(osgi.${scenario} PROPERTIES
-    ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_LIBRARY_PATH=${library_path};LD_PRELOAD=$<TARGET_FILE:gatewayhost>")
+foreach(fw IN LISTS osgi_frameworks)
+  foreach(scenario IN LISTS osgi_tests)
+    set(name osgi.${fw}.${scenario})
+    add_test(NAME ${name}
+      COMMAND ${Java_JAVA_EXECUTABLE} -Xcheck:jni
+              --add-opens java.base/java.net=ALL-UNNAMED --add-opens java.base/java.security=ALL-UNNAMED
+              -Djava.library.path=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}
+              -Dbundlesc.osgi.dir=${osgi_out}
+              -Dbundlesc.osgi.classes=${BUNDLE_JAVA_CLASSES}
+              -Dbundlesc.osgi.properties=${osgi_${fw}_properties}
+              -Dbundlesc.osgi.natives=${osgi_native_count}
+              -cp "${osgi_${fw}_jar}:${harness_classes}" bundlesc.osgi.OsgiHarness ${fw} ${scenario})
+    list(APPEND osgi_test_names ${name})
+    # The bundles' libraries have no RUNPATH: the simulator's lib dir is on the loader's path,
+    # as the box launcher sets it; the bad-input test leaves it off.
+    if(scenario STREQUAL "no-platform-library")
+      set(library_path "")
+    else()
+      set(library_path "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+    endif()
+    set_tests_properties(${name} PROPERTIES
+      ENVIRONMENT "BRELO_SIM_SAVE=;BUNDLE_SOURCE_DIR=${CMAKE_SOURCE_DIR};LD_LIBRARY_PATH=${library_path};LD_PRELOAD=$<TARGET_FILE:gatewayhost>")
+  endforeach()
 endforeach()
 add_test(NAME osgi.bundle-contents
   COMMAND ${CMAKE_COMMAND} -DJAR=${BUNDLE_BRIDGE_JAR} -DOUT=${osgi_out}/test/contents

@@ -82,7 +82,6 @@ add_test(NAME osgi.reply-reader
           -cp "${BUNDLE_FELIX_JAR}:${harness_classes}:${reply_test_classes}/harness"
           bundlesc.osgi.ReplyBundleHarness)
 set_tests_properties(osgi.reply-reader PROPERTIES
-  RESOURCE_LOCK gateway_flag_files
   TIMEOUT 120
   ENVIRONMENT "BRELO_SIM_SAVE=;LD_LIBRARY_PATH=${CMAKE_LIBRARY_OUTPUT_DIRECTORY};LD_PRELOAD=$<TARGET_FILE:gatewayhost>"
   FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|FAILED: ")

@@ -56,6 +56,13 @@ if(BUNDLE_MIPS_CXX AND BUNDLE_QEMU)
             -DOUT=${CMAKE_BINARY_DIR}/replies -P "${CMAKE_SOURCE_DIR}/cmake/compare_replies.cmake")
   # Runs both tiers' unit tests once more: among the longest entries, so it starts early.
   set_tests_properties(replies.host-vs-mips PROPERTIES COST 900)
+  # The capture tool writes the same folder on both CPUs.
+  add_test(NAME capture.host-vs-mips
+    COMMAND ${CMAKE_COMMAND} -DA=${CMAKE_BINARY_DIR}/captured/default
+            -DB=${CMAKE_BINARY_DIR}/tier-mips/captured/default
+            -P "${CMAKE_SOURCE_DIR}/cmake/compare_captures.cmake")
+  set_tests_properties(capture.host-vs-mips PROPERTIES
+    FIXTURES_REQUIRED "host.capture_default;mips.capture_default")
 else()
   message(FATAL_ERROR "mips-linux-gnu-g++ or qemu-mips missing: the MIPS tier cannot be built "
                       "(scripts/test.sh installs them; -DBUNDLE_TIERS=OFF builds the host alone)")

@@ -4,8 +4,10 @@
 # files of the source tree (SOURCE) that the glob matches; a line with a feature counts only
 # when the feature is in FEATURES.
 
-# The files a manifest expects under <prefix>, as paths relative to the staging root.
+# The files a manifest expects under <prefix>, as paths relative to the staging root; with a
+# fourth argument, those of that component only.
 function(expected_files manifest prefix out_var)
+  set(only "${ARGV3}")
   file(STRINGS "${manifest}" lines)
   set(result "")
   foreach(line IN LISTS lines)
@@ -13,6 +15,10 @@ function(expected_files manifest prefix out_var)
       continue()
     endif()
     string(REGEX REPLACE "[ \t]+" ";" fields "${line}")
+    list(GET fields 0 component)
+    if(only AND NOT component STREQUAL only)
+      continue()
+    endif()
     list(LENGTH fields n)
     list(GET fields 1 path)
     if(n GREATER 2)

@@ -9,7 +9,9 @@
 //     bundle::HeapObject<Work> work;
 //     if (!work.ok()) return <the native's failure reply>;
 //
-// and the struct is given back on every path when the HeapObject goes out of scope.
+// and the struct is given back on every path when the HeapObject goes out of scope. The
+// memory is not zeroed: each member's constructor prepares what is read of it (the MAC list
+// is zeroed, as the platform is handed it; a reply only needs its terminator).
 #ifndef BUNDLE_COMMON_HEAP_OBJECT_H
 #define BUNDLE_COMMON_HEAP_OBJECT_H
 
@@ -22,9 +24,9 @@ namespace bundle {
 template <typename T>
 class HeapObject {
  public:
-  // A zeroed T (its constructor run, if it has one) on the heap; ok() is false when it could
-  // not be allocated.
-  HeapObject() : object_(static_cast<T *>(calloc(1, sizeof(T)))) {
+  // A T on the heap, its constructor run (a T without one is left as malloc gives it); ok()
+  // is false when it could not be allocated.
+  HeapObject() : object_(static_cast<T *>(malloc(sizeof(T)))) {
     if (object_ != nullptr) new (object_) T;
   }
   HeapObject(const HeapObject &) = delete;

@@ -18,6 +18,7 @@
 #define BUNDLE_COMMON_JAVA_CHARS_H
 
 #include <jni.h>
+#include <stddef.h>
 
 namespace bundle {
 
@@ -98,6 +99,23 @@ inline bool acquire_failed(JNIEnv *env, Texts &...texts) {
   if (!exception_pending(env)) return false;
   (texts.release(), ...);
   return true;
+}
+
+// Copies the text of `s` into `buf` of `size` bytes exactly as strncpy(buf, text, size - 1)
+// into a zeroed buffer leaves it (the text cut at size - 1 bytes, every byte after it zero),
+// and gives the text back at once (a failed copy too, with its NULL). False, with `buf`
+// untouched, when the text could not be had (a null string included).
+bool take_text(JNIEnv *env, jstring s, char *buf, size_t size);
+template <size_t N>
+inline bool take_text(JNIEnv *env, jstring s, char (&buf)[N]) {
+  return take_text(env, s, buf, N);
+}
+
+// The same bytes for a C text: `text` cut at size - 1 bytes into `buf`, zero after it.
+void copy_padded(char *buf, size_t size, const char *text);
+template <size_t N>
+inline void copy_padded(char (&buf)[N], const char *text) {
+  copy_padded(buf, N, text);
 }
 
 // Length of a Java array; a null array counts as empty, and so does any array while an

@@ -1,5 +1,6 @@
 #include "common/reply.h"
 
+#include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -8,17 +9,123 @@
 
 namespace bundle {
 
+namespace {
+
+// The output of one piece: bytes go below dst[room - 1] only, every byte is counted.
+struct Piece {
+  char *dst;
+  size_t room;
+  size_t len;
+
+  void put(const char *text, size_t n) {
+    if (len + 1 < room) {
+      size_t fit = room - 1 - len;
+      memcpy(dst + len, text, n < fit ? n : fit);
+    }
+    len += n;
+  }
+};
+
+// Formats one piece as vsnprintf(dst, room, fmt, ap) does, byte for byte and with the same
+// result. The conversions replies are made of (%s, %.Ns, %.*s, %d, %i and %u, with l or ll,
+// and %%) are written here; a piece with any other conversion or a NULL text is handed to
+// vsnprintf whole. A call to vsnprintf costs more than most pieces themselves.
+int compose(char *dst, size_t room, const char *fmt, va_list ap) {
+  va_list again;
+  va_copy(again, ap);
+  Piece out{dst, room, 0};
+  const char *p = fmt;
+  for (;;) {
+    const char *pct = strchr(p, '%');
+    size_t literal = pct != nullptr ? static_cast<size_t>(pct - p) : strlen(p);
+    out.put(p, literal);
+    if (pct == nullptr) break;  // the whole piece is written
+    p = pct + 1;
+    size_t precision = static_cast<size_t>(-1);
+    if (*p == '.') {
+      if (*++p == '*') {
+        int given = va_arg(ap, int);  // a negative precision is none
+        if (given >= 0) precision = static_cast<size_t>(given);
+        ++p;
+      } else {
+        for (precision = 0; *p >= '0' && *p <= '9'; ++p) precision = precision * 10 + (*p - '0');
+      }
+    }
+    int longs = 0;
+    for (; *p == 'l' && longs < 2; ++p) ++longs;
+    char conv = *p++;
+    if (conv == 's' && longs == 0) {
+      const char *text = va_arg(ap, const char *);
+      if (text == nullptr) goto whole;  // "(null)" and its cuts are vsnprintf's
+      out.put(text, strnlen(text, precision));
+    } else if (conv == '%' && longs == 0 && precision == static_cast<size_t>(-1)) {
+      out.put("%", 1);
+    } else if ((conv == 'd' || conv == 'i' || conv == 'u') &&
+               precision == static_cast<size_t>(-1)) {
+      // The number's magnitude as 64 bits, then its digits by 16-bit limbs: 32-bit divisions
+      // only (the gateway's CPU has no 64-bit one).
+      unsigned long long magnitude =
+          longs == 2 ? va_arg(ap, unsigned long long)
+          : longs == 1 ? static_cast<unsigned long long>(va_arg(ap, long))
+                       : static_cast<unsigned long long>(va_arg(ap, int));
+      bool negative = false;
+      if (conv == 'u') {
+        if (longs == 1) magnitude = static_cast<unsigned long>(magnitude);
+        if (longs == 0) magnitude = static_cast<unsigned int>(magnitude);
+      } else if (static_cast<long long>(magnitude) < 0) {
+        negative = true;
+        magnitude = 0 - magnitude;
+      }
+      uint32_t limbs[4] = {static_cast<uint32_t>(magnitude >> 48),
+                           static_cast<uint32_t>(magnitude >> 32) & 0xFFFFu,
+                           static_cast<uint32_t>(magnitude) >> 16,
+                           static_cast<uint32_t>(magnitude) & 0xFFFFu};
+      char digits[21];
+      char *start = digits + sizeof digits;
+      bool more;
+      do {
+        uint32_t rest = 0;
+        more = false;
+        for (uint32_t &limb : limbs) {
+          uint32_t part = rest << 16 | limb;
+          limb = part / 10;
+          rest = part % 10;
+          more = more || limb != 0;
+        }
+        *--start = static_cast<char>('0' + rest);
+      } while (more);
+      if (negative) *--start = '-';
+      out.put(start, static_cast<size_t>(digits + sizeof digits - start));
+    } else {
+      goto whole;  // a lone '%' at the end too
+    }
+  }
+  if (room > 0) dst[out.len < room - 1 ? out.len : room - 1] = '\0';
+  va_end(again);
+  return static_cast<int>(out.len);
+whole:
+  int n = vsnprintf(dst, room, fmt, again);
+  va_end(again);
+  return n;
+}
+
+}  // namespace
+
 int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list ap) {
   if (hardened_profile()) return escaped_vappend(buf, cap, off, fmt, ap);
   size_t at = *off;
-  int n;
-  if (cap > 0 && at < cap - 1) {
-    n = vsnprintf(buf + at, cap - at, fmt, ap);
-  } else {
-    // Nothing fits any more: only measure, as snprintf(NULL, 0, ...) would.
-    n = vsnprintf(nullptr, 0, fmt, ap);
-  }
+  // Once nothing fits any more the piece is only measured, as snprintf(NULL, 0, ...) would.
+  bool fits = cap > 0 && at < cap - 1;
+  int n = compose(fits ? buf + at : nullptr, fits ? cap - at : 0, fmt, ap);
   if (n > 0) *off = at + static_cast<size_t>(n);
+  return n;
+}
+
+int format_text(char *buf, size_t size, const char *fmt, ...) {
+  va_list ap;
+  va_start(ap, fmt);
+  int n = compose(size > 0 ? buf : nullptr, size, fmt, ap);
+  va_end(ap);
   return n;
 }
 
@@ -31,7 +138,9 @@ int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...) {
 }
 
 ReplyText::ReplyText(char *text, size_t cap) : text_(text), cap_(cap), off_(0) {
-  memset(text, 0, cap);
+  // Every piece leaves the text terminated and nothing reads past it: only the first byte is
+  // set (zeroing a 64 KiB host list in full cost more than composing it).
+  if (cap > 0) text[0] = '\0';
 }
 
 int ReplyText::append(const char *fmt, ...) {
@@ -105,7 +214,15 @@ void put3(char *&o, unsigned cp) {
 
 size_t modified_utf8_length(const char *text, bool *unchanged) {
   const unsigned char *s = reinterpret_cast<const unsigned char *>(text);
+  // Replies are nearly always ASCII: that part is passed eight bytes at a time.
+  size_t len = strlen(text);
   size_t total = 0;
+  for (uint64_t word; total + sizeof word <= len; total += sizeof word) {
+    memcpy(&word, s + total, sizeof word);
+    if ((word & 0x8080808080808080ull) != 0) break;
+  }
+  while (total < len && s[total] < 0x80) ++total;
+  s += total;
   bool all_valid = true;
   while (*s) {
     size_t out_len;

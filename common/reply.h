@@ -1,5 +1,5 @@
-// Reply texts: zeroed fixed-size buffers composed piece by piece, and the one way a reply
-// text becomes a Java string.
+// Reply texts: fixed-size buffers composed piece by piece, and the one way a reply text
+// becomes a Java string.
 #ifndef BUNDLE_COMMON_REPLY_H
 #define BUNDLE_COMMON_REPLY_H
 
@@ -20,6 +20,20 @@ int reply_vappend(char *buf, size_t cap, size_t *off, const char *fmt, va_list a
 int reply_append(char *buf, size_t cap, size_t *off, const char *fmt, ...)
     __attribute__((format(printf, 4, 5)));
 
+// snprintf(buf, size, fmt, ...), byte for byte and with the same result, written by the
+// composer of the replies: cheaper than snprintf for the texts the library formats (node and
+// key names, numbers).
+int format_text(char *buf, size_t size, const char *fmt, ...) __attribute__((format(printf, 3, 4)));
+
+// The failure reply whose reason Java reads from "FailReason", composed with the reason as its
+// one argument: {"Result":-1,"FailReason":"<reason>"}.
+#define BUNDLE_FAIL_REASON "{\"Result\":-1,\"FailReason\":\"%s\"}"
+
+// The head of a list reply and the failure of one, shared by the list natives (as literals, so
+// the library holds each text once).
+#define BUNDLE_LIST_HEAD "{\"Result\":0,\"List\":["
+#define BUNDLE_LIST_FAILURE "{\"Result\":-1,\"List\":[]}"
+
 // What every reply has whatever its capacity: where its text is, how large it is and how far
 // it has been composed. One copy of the code serves replies of every size.
 class ReplyText {
@@ -36,7 +50,8 @@ class ReplyText {
   bool truncated() const { return off_ >= cap_; }
 
  protected:
-  // Zeroes the `cap` bytes of `text`, the reply's buffer.
+  // Starts the reply empty in `text`, its buffer of `cap` bytes. Only the text is ever read
+  // (every piece keeps it terminated), so the rest of the buffer is left as it is.
   ReplyText(char *text, size_t cap);
 
  private:
@@ -45,7 +60,7 @@ class ReplyText {
   size_t off_;
 };
 
-// A reply composed in a zeroed buffer of N bytes (lives on the caller's stack).
+// A reply composed in a buffer of N bytes (lives on the caller's stack).
 template <size_t N>
 class Reply : public ReplyText {
  public:
@@ -54,7 +69,7 @@ class Reply : public ReplyText {
   static constexpr size_t capacity() { return N; }
 
  private:
-  char buffer_[N];  // zeroed by ReplyText
+  char buffer_[N];  // only its text is ever written or read
 };
 
 // A zeroed buffer of N bytes that the platform fills with a NUL-terminated text.

@@ -78,12 +78,14 @@ const void *caller_address() { return __builtin_return_address(0); }
 namespace {
 
 // One trace line under `fn` (a name as such, or the exported native holding an address):
-// "<name>:<line>:" and the formatted message, flushed at once. Nothing when the flag file is
-// absent.
-void trace_vline(TraceName fn, int line, const char *fmt, va_list ap) {
+// "<name>:<line>:", the name again when `named`, and the formatted message, flushed at once.
+// Nothing when the flag file is absent.
+void trace_vline(TraceName fn, int line, const char *fmt, va_list ap, bool named = false) {
   if (!flag_file_exists(BUNDLE_TRACE_FLAG)) return;
   const char *name = fn.where != nullptr ? native_name_at(fn.where) : fn.name;
-  printf("%s:%d:", name != nullptr ? name : "?", line);
+  if (name == nullptr) name = "?";
+  printf("%s:%d:", name, line);
+  if (named) fputs(name, stdout);
   vprintf(fmt, ap);
   fflush(stdout);
 }
@@ -101,6 +103,13 @@ void trace_printf(TraceName fn, int line, const char *fmt, ...) {
   va_list ap;
   va_start(ap, fmt);
   trace_vline(fn, line, fmt, ap);
+  va_end(ap);
+}
+
+void trace_named(TraceName fn, int line, const char *rest, ...) {
+  va_list ap;
+  va_start(ap, rest);
+  trace_vline(fn, line, rest, ap, true);
   va_end(ap);
 }
 
@@ -140,6 +149,13 @@ void trace_native_closing(int line, int kind, ...) {
   } else {
     trace_closing(TraceName::at(caller), line, kind, va_arg(ap, const char *), 0);
   }
+  va_end(ap);
+}
+
+void trace_native_named(int line, const char *rest, ...) {
+  va_list ap;
+  va_start(ap, rest);
+  trace_vline(TraceName::at(__builtin_return_address(0)), line, rest, ap, true);
   va_end(ap);
 }
 

@@ -41,6 +41,12 @@ void trace_printf(const char *fn, int line, const char *fmt, ...)
 void trace_printf(TraceName fn, int line, const char *fmt, ...)
     __attribute__((format(printf, 3, 4)));
 
+// A trace line whose message opens with the name it is announced under:
+// "<name>:<line>:<name><rest>" (for messages that name their own native; the name is not
+// stored a second time).
+void trace_named(TraceName fn, int line, const char *rest, ...)
+    __attribute__((format(printf, 3, 4)));
+
 // puts-style trace line: `text` followed by a line feed.
 void trace_puts(const char *fn, int line, const char *text);
 void trace_puts(TraceName fn, int line, const char *text);
@@ -49,6 +55,8 @@ void trace_puts(TraceName fn, int line, const char *text);
 __attribute__((noinline)) void trace_native_printf(int line, const char *fmt, ...)
     __attribute__((format(printf, 2, 3)));
 __attribute__((noinline)) void trace_native_puts(int line, const char *text);
+__attribute__((noinline)) void trace_native_named(int line, const char *rest, ...)
+    __attribute__((format(printf, 2, 3)));
 
 // The address the calling function continues at: a place inside the caller.
 __attribute__((noinline, noipa)) const void *caller_address();
@@ -141,6 +149,17 @@ const char *native_name_at(const void *address);
 #define BUNDLE_TRACE(...) ::bundle::trace_printf(__func__, __LINE__, __VA_ARGS__)
 #define BUNDLE_TRACE_PUTS(text) ::bundle::trace_puts(__func__, __LINE__, (text))
 #define BUNDLE_NATIVE ::bundle::TraceName(__func__)
+#endif
+
+// A trace point of a native whose message opens with the native's own name.
+#if defined(BUNDLE_TRACE_BY_ADDRESS) && BUNDLE_TRACE_BY_ADDRESS
+#define BUNDLE_TRACE_NAMED(rest, ...)                                            \
+  (::bundle::is_native_name(__func__)                                           \
+       ? ::bundle::trace_native_named(__LINE__, (rest), ##__VA_ARGS__)          \
+       : ::bundle::trace_named(__func__, __LINE__, (rest), ##__VA_ARGS__))
+#else
+#define BUNDLE_TRACE_NAMED(rest, ...) \
+  ::bundle::trace_named(__func__, __LINE__, (rest), ##__VA_ARGS__)
 #endif
 
 // A trace point that announces itself under another name than the enclosing function's.

@@ -42,16 +42,14 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_commservices_DeviceAccessRightQueryServiceImp_getFTPRightInfoJni(
     JNIEnv *env, jobject) {
   AccountReply reply;
-  char anonymous[32] = {};
   // Kept on purpose: the record is not zeroed before the call, a conforming platform fills
   // every member read here. Reading it stays bounded whatever it holds (see append_accounts).
   FtpRightRecord *rec = static_cast<FtpRightRecord *>(malloc(sizeof(FtpRightRecord)));
   if (rec == nullptr || brelo_getFTPRightInfo(rec) != 0) {
     reply.append("%s", kAccountListFailure);
   } else {
-    snprintf(anonymous, sizeof anonymous, "%s", rec->anonymous != 0 ? "TRUE" : "FALSE");
     reply.append("{\"Result\":0,\"Right\":%d,\"Anonymous\":\"%s\",\"AccountList\":[",
-                 static_cast<int>(rec->right), anonymous);
+                 static_cast<int>(rec->right), rec->anonymous != 0 ? "TRUE" : "FALSE");
     append_accounts(reply, rec->account_count, rec->user_name, rec->password);
   }
   free(rec);

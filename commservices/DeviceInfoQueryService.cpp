@@ -7,19 +7,13 @@
 
 namespace {
 
-// Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity.
+// Replies {"Result":0,"Name":...,"Vendor":...,"Version":...} for a fixed software identity
+// (each text far shorter than the 127 characters a member holds).
 jstring identity_reply(JNIEnv *env, bundle::TraceName native, const char *name, const char *vendor,
                        const char *version) {
-  char name_field[128] = {};
-  char vendor_field[128] = {};
-  char version_field[128] = {};
-  strncpy(name_field, name, sizeof name_field - 1);
-  strncpy(vendor_field, vendor, sizeof vendor_field - 1);
-  strncpy(version_field, version, sizeof version_field - 1);
-
   bundle::Reply<1024> reply;
-  reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name_field,
-               vendor_field, version_field);
+  reply.append("{\"Result\":0,\"Name\":\"%s\",\"Vendor\":\"%s\",\"Version\":\"%s\"}", name, vendor,
+               version);
   return bundle::traced_native_reply(env, native, __LINE__, reply.c_str());
 }
 
@@ -44,13 +38,12 @@ Java_com_lumarest_smartgateway_commservices_DeviceInfoQueryServiceImp_getDeviceI
   bundle::terminate_field(info.nfc);
 
   // "ProductCLass", capital L, is the wire name Java bundles read.
-  reply.append("{\"Result\":0,\"Vendor\":\"%s\",\"ProductCLass\":\"%s\",", info.vendor,
-               info.product_class);
-  reply.append("\"HardwareVer\":\"%s\",\"FirmwareVer\":\"%s\",", info.hardware_version,
-               info.firmware_version);
-  reply.append("\"FlashSize\":%d,\"RamSize\":%d,", static_cast<int>(info.flash_size),
-               static_cast<int>(info.ram_size));
-  reply.append("\"MainChipClass\":\"%s\",\"NFC\":\"%s\"}", info.main_chip_class, info.nfc);
+  reply.append("{\"Result\":0,\"Vendor\":\"%s\",\"ProductCLass\":\"%s\",\"HardwareVer\":\"%s\","
+               "\"FirmwareVer\":\"%s\",\"FlashSize\":%d,\"RamSize\":%d,\"MainChipClass\":\"%s\","
+               "\"NFC\":\"%s\"}",
+               info.vendor, info.product_class, info.hardware_version, info.firmware_version,
+               static_cast<int>(info.flash_size), static_cast<int>(info.ram_size),
+               info.main_chip_class, info.nfc);
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }

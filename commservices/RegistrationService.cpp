@@ -10,23 +10,13 @@ extern "C" {
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_setPasswordRegistrationJni(
     JNIEnv *env, jobject, jstring text1, jint number1, jint number2, jstring text2) {
-  char first[128] = {};
-  char second[64] = {};
+  // Each text reaches the platform in a zero-filled buffer, copied and given back before the
+  // next one is read.
+  char first[128];
+  char second[64];
   int rc = -1;
-
-  // Each text is copied and given back before the next one is read.
-  bundle::JavaChars first_chars(env, text1);
-  bool have_first = !first_chars.is_null();
-  if (have_first) strncpy(first, first_chars.get(), sizeof first - 1);
-  first_chars.release();
-
-  if (have_first) {
-    bundle::JavaChars second_chars(env, text2);
-    bool have_second = !second_chars.is_null();
-    if (have_second) strncpy(second, second_chars.get(), sizeof second - 1);
-    second_chars.release();
-    if (have_second) rc = brelo_passwordSetRegistration(first, number1, number2, second);
-  }
+  if (bundle::take_text(env, text1, first) && bundle::take_text(env, text2, second))
+    rc = brelo_passwordSetRegistration(first, number1, number2, second);
 
   return BUNDLE_CODE_REPLY(rc);
 }
@@ -51,10 +41,9 @@ Java_com_lumarest_smartgateway_commservices_RegistrationServiceImp_getPasswordRe
 
   // Every number goes out as a quoted string.
   reply.append("{\"Result\":0,\"Status\":\"%d\",\"RegisterResult\":\"%d\",\"ServiceNum\":\"%d\","
-               "\"ServiceName\":\"%s\",",
+               "\"ServiceName\":\"%s\",\"Limit\":\"%d\",\"Times\":\"%d\",\"Province\":\"%s\"}",
                static_cast<int>(info.status), static_cast<int>(info.result),
-               static_cast<int>(info.service_num), info.service_name);
-  reply.append("\"Limit\":\"%d\",\"Times\":\"%d\",\"Province\":\"%s\"}", static_cast<int>(info.limit),
+               static_cast<int>(info.service_num), info.service_name, static_cast<int>(info.limit),
                static_cast<int>(info.times), shown_province);
 
   return BUNDLE_JSON_REPLY(env, reply.c_str());

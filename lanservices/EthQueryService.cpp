@@ -16,9 +16,9 @@ Java_com_lumarest_smartgateway_lanservices_EthQueryServiceImp_getLANEthernetInfo
                  "\"DuplexMode\":\"%s\"}",
                  enable.text(), status.text(), bit_rate.text(), duplex.text());
   } else {
-    reply.append("{\"Result\":-1,\"FailReason\":\"Get LANEthernetInfo fail\"}");
+    reply.append(BUNDLE_FAIL_REASON, "Get LANEthernetInfo fail");
   }
-  BUNDLE_TRACE("%s, line = %d,  len=%d ,temp_buf=\n%s\n", __func__, __LINE__,
+  BUNDLE_TRACE_NAMED(", line = %d,  len=%d ,temp_buf=\n%s\n", __LINE__,
                static_cast<int>(strlen(reply.c_str())), reply.c_str());
   return bundle::new_reply_string(env, reply.c_str());
 }
@@ -35,9 +35,9 @@ Java_com_lumarest_smartgateway_lanservices_EthQueryServiceImp_getLANEthernetStat
                  "\"PacketsReceived\":%u}",
                  bytes_sent, bytes_received, packets_sent, packets_received);
   } else {
-    reply.append("{\"Result\":-1,\"FailReason\":\"Get LANEthernetStats fail\"}");
+    reply.append(BUNDLE_FAIL_REASON, "Get LANEthernetStats fail");
   }
-  BUNDLE_TRACE("%s, line = %d,  len=%d ,temp_buf=\n%s\n", __func__, __LINE__,
+  BUNDLE_TRACE_NAMED(", line = %d,  len=%d ,temp_buf=\n%s\n", __LINE__,
                static_cast<int>(strlen(reply.c_str())), reply.c_str());
   return bundle::new_reply_string(env, reply.c_str());
 }

@@ -19,8 +19,8 @@ JNIEXPORT const char *HostClassStr[4] = {"ONLINE", "OFFLINE", "BLOCK", "TRUST"};
 
 namespace {
 
-const char kListFailure[] = "{\"Result\":-1,\"List\":[]}";
-const char kListHead[] = "{\"Result\":0,\"List\":[";
+const char *const kListFailure = BUNDLE_LIST_FAILURE;
+const char *const kListHead = BUNDLE_LIST_HEAD;
 
 // Host lists are composed in a zeroed 64 KiB buffer; a longer list is cut there. The buffer
 // lives in the native's heap working struct, never on its stack.
@@ -31,10 +31,15 @@ size_t visible_length(const HostListReply &reply) {
   return reply.offset() < reply.capacity() ? reply.offset() : reply.capacity() - 1;
 }
 
-// "%02X:%02X:%02X:%02X:%02X:%02X" into an 18-byte buffer.
+// "%02X:%02X:%02X:%02X:%02X:%02X" into an 18-byte buffer (written out here: a host list
+// formats one per host).
 void format_mac(const uint8_t *mac, char (&text)[18]) {
-  snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
-           mac[4], mac[5]);
+  static const char kHex[] = "0123456789ABCDEF";
+  for (int i = 0; i < 6; ++i) {
+    text[3 * i] = kHex[mac[i] >> 4];
+    text[3 * i + 1] = kHex[mac[i] & 0x0F];
+    text[3 * i + 2] = i < 5 ? ':' : '\0';
+  }
 }
 
 // The class name of a class code; a code the table does not know prints as "UNKNOWN" instead
@@ -52,14 +57,13 @@ void append_host(HostListReply &reply, LanHostRecord &host, const char *mac) {
   bundle::terminate_field(host.ipv4);
   bundle::terminate_field(host.ipv6);
 
-  char iface[8] = {};
+  char iface[8];
   if (host.attach_point >= 1 && host.attach_point <= 4) {
-    // The ranges are checked; the narrow casts tell the compiler the numbers fit 8 bytes.
-    snprintf(iface, sizeof iface, "LAN%d", static_cast<unsigned char>(host.attach_point));
+    bundle::format_text(iface, sizeof iface, "LAN%d", static_cast<int>(host.attach_point));
   } else if (host.attach_point >= 5 && host.attach_point <= 12) {
-    snprintf(iface, sizeof iface, "SSID%d", static_cast<unsigned char>(host.attach_point - 4));
+    bundle::format_text(iface, sizeof iface, "SSID%d", static_cast<int>(host.attach_point - 4));
   } else {
-    snprintf(iface, sizeof iface, "UNKNOWN");
+    memcpy(iface, "UNKNOWN", sizeof iface);
   }
   const char *storage = host.storage_access != 0 ? "ON" : "OFF";
   unsigned int online_time = host.online_time;
@@ -99,12 +103,16 @@ void append_host_list(HostListReply &reply, LanHostRecord *list, int count) {
 // into a hash table once, when the text under it has been written (windows may straddle the
 // pieces the reply was written in); a query then looks its MAC text up in the table. The
 // table keeps the start of the first window of each distinct text (a reply position below
-// 64 KiB) and compares the reply's bytes there. Should a reply hold more distinct windows than
-// the table takes (names made of MAC texts), the index gives up and every later query is
-// answered by strstr over the whole reply, which is the same answer, only slower.
+// 64 KiB) and compares the reply's bytes there. It starts small and doubles, taking in the
+// reply's windows again, when three quarters of it are used, so a short list prepares only a
+// few slots. Should a reply hold more distinct windows than the largest table takes (names
+// made of MAC texts), the index gives up and every later query is answered by strstr over the
+// whole reply, which is the same answer, only slower.
 class MacTextIndex {
  public:
-  MacTextIndex() : used_(0), scanned_(0), overflow_(false) { memset(slots_, 0xFF, sizeof slots_); }
+  MacTextIndex() : size_(kFirstSlots), used_(0), scanned_(0), overflow_(false) {
+    memset(slots_, 0xFF, kFirstSlots * sizeof slots_[0]);
+  }
   MacTextIndex(const MacTextIndex &) = delete;
   MacTextIndex &operator=(const MacTextIndex &) = delete;
 
@@ -112,7 +120,7 @@ class MacTextIndex {
   bool occurs(const char *text, size_t len, const char *mac) {
     take_in(text, len);
     if (overflow_) return strstr(text, mac) != nullptr;
-    for (size_t h = hash(mac) & kMask;; h = (h + 1) & kMask) {
+    for (size_t h = hash(mac) & (size_ - 1);; h = (h + 1) & (size_ - 1)) {
       if (slots_[h] == kEmpty) return false;
       if (memcmp(text + slots_[h], mac, kMacLen) == 0) return true;
     }
@@ -120,15 +128,15 @@ class MacTextIndex {
 
  private:
   static const size_t kMacLen = 17;
-  static const size_t kSlots = 8192;  // a power of two
-  static const size_t kMask = kSlots - 1;
-  static const size_t kMaxUsed = kSlots * 3 / 4;
+  static const size_t kFirstSlots = 256;  // powers of two
+  static const size_t kSlots = 8192;
   static const uint16_t kEmpty = 0xFFFF;
 
   static bool is_hex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); }
 
   static bool mac_shaped(const char *w) {
-    for (size_t k = 2; k < kMacLen; k += 3)
+    if (w[2] != ':') return false;
+    for (size_t k = 5; k < kMacLen; k += 3)
       if (w[k] != ':') return false;
     for (size_t k = 0; k < kMacLen; k += 3)
       if (!is_hex(w[k]) || !is_hex(w[k + 1])) return false;
@@ -146,27 +154,35 @@ class MacTextIndex {
 
   // Takes in every window that ends within text[0, len) and was not looked at yet.
   void take_in(const char *text, size_t len) {
-    if (overflow_) return;
-    for (; scanned_ + kMacLen <= len; ++scanned_) {
-      if (text[scanned_ + 2] != ':' || !mac_shaped(text + scanned_)) continue;
-      if (!insert(text, scanned_)) return;
-    }
+    for (; !overflow_ && scanned_ + kMacLen <= len; ++scanned_)
+      if (mac_shaped(text + scanned_)) insert(text, scanned_);
   }
 
-  bool insert(const char *text, size_t at) {
-    size_t h = hash(text + at) & kMask;
-    for (; slots_[h] != kEmpty; h = (h + 1) & kMask)
-      if (memcmp(text + slots_[h], text + at, kMacLen) == 0) return true;  // already known
-    if (used_ >= kMaxUsed) {
-      overflow_ = true;
-      return false;
+  void insert(const char *text, size_t at) {
+    for (;;) {
+      size_t h = hash(text + at) & (size_ - 1);
+      for (; slots_[h] != kEmpty; h = (h + 1) & (size_ - 1))
+        if (memcmp(text + slots_[h], text + at, kMacLen) == 0) return;  // already known
+      if (used_ < size_ / 4 * 3) {
+        slots_[h] = static_cast<uint16_t>(at);  // below 64 KiB - 17, never kEmpty
+        ++used_;
+        return;
+      }
+      if (size_ == kSlots) {
+        overflow_ = true;
+        return;
+      }
+      // A table twice the size, holding the windows before this one again.
+      size_ *= 2;
+      memset(slots_, 0xFF, size_ * sizeof slots_[0]);
+      used_ = 0;
+      for (size_t before = 0; before < at; ++before)
+        if (mac_shaped(text + before)) insert(text, before);
     }
-    slots_[h] = static_cast<uint16_t>(at);  // below 64 KiB - 17, never kEmpty
-    ++used_;
-    return true;
   }
 
   uint16_t slots_[kSlots];
+  size_t size_;
   size_t used_;
   size_t scanned_;
   bool overflow_;
@@ -215,6 +231,71 @@ bool scan_prefixed_number(const char *text, const char *prefix, int *number) {
 void free_hosts(LanHostRecord *&list) {
   if (list != nullptr) free(list);
   list = nullptr;
+}
+
+// The class code of a class name in any case, or -1 for a NULL or unknown one.
+int class_code(const char *name) {
+  for (int k = 0; name != nullptr && k < 4; ++k)
+    if (strcasecmp(name, HostClassStr[k]) == 0) return k;
+  return -1;
+}
+
+// The working memory of a class query: its reply and the index of the MAC texts in it.
+struct ClassWork {
+  HostListReply reply;
+  MacTextIndex index;
+};
+
+// Composes the reply of a class query for class `host_class` (-1: the name is unknown) in
+// `work` and gives its text, or the failure reply's. Traces under `native`.
+const char *class_query(ClassWork &work, int host_class, bundle::TraceName native) {
+  HostListReply &reply = work.reply;
+  if (host_class < 0) {
+    reply.append("%s", kListFailure);
+    return reply.c_str();
+  }
+
+  LanHostRecord *list = nullptr;
+  int count = 0;
+  int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
+  count = bundle::platform_list_count(list, count);
+
+  // Blocked hosts come in two lists, the present ones and the offline ones. Without present
+  // ones the offline list is the whole answer.
+  bool offline_walked = false;
+  if (host_class == LAN_HOST_CLASS_BLOCK && (rc != 0 || count == 0)) {
+    count = 0;
+    free_hosts(list);
+    rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
+    BUNDLE_TRACE_AS(native, "get BlockOffline ret %d\n", rc);
+    if (rc != 0) {
+      free_hosts(list);
+      reply.append("%s", kListFailure);
+      return reply.c_str();
+    }
+    offline_walked = true;
+  }
+
+  reply.append("%s", kListHead);
+  append_unique_hosts(reply, work.index, list, count);
+
+  if (host_class == LAN_HOST_CLASS_BLOCK && !offline_walked) {
+    free_hosts(list);
+    count = 0;
+    rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
+    count = bundle::platform_list_count(list, count);
+    if (rc == 0 && count != 0) {
+      // Decided before knowing whether any offline host is new: an all-duplicate second
+      // list leaves this comma just before the closing bracket.
+      reply.append(",");
+      append_unique_hosts(reply, work.index, list, count);
+    }
+  }
+  reply.append("]}");
+  free_hosts(list);
+  // Only the platform's "not completed" fails the query; other results keep the list.
+  return rc == -2 ? kListFailure : reply.c_str();
 }
 
 // Counter or speed-limit list of the hosts named by `macs`, selector "Stats" or "SpeedMax".
@@ -329,8 +410,8 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
   if (point < 1 || point > 12) {
     reply.append("%s", kListFailure);
   } else {
-    char key[8] = {};
-    snprintf(key, sizeof key, "%d", point);
+    char key[8];
+    bundle::format_text(key, sizeof key, "%d", point);
     int count = 0;
     int rc = brelo_lanGethostInfobytype(&list, &count, key, LAN_HOST_TYPE_ATTACH_POINT);
     count = bundle::platform_list_count(list, count);
@@ -362,88 +443,11 @@ Java_com_lumarest_smartgateway_lanservices_LANHostsInfoQueryServiceImp_getLANHos
     JNIEnv *env, jobject, jstring jclass) {
   bundle::JavaChars name(env, jclass);
   if (bundle::acquire_failed(env, name)) return nullptr;
-  struct Work {
-    HostListReply reply;
-    MacTextIndex index;
-  };
-  bundle::HeapObject<Work> work;
-  if (!work.ok()) {
-    name.release();
-    return BUNDLE_JSON_REPLY(env, kListFailure);
-  }
-  HostListReply &reply = work->reply;
-
-  int host_class = -1;
-  if (!name.is_null()) {
-    for (int k = 0; k < 4; ++k) {
-      if (strcasecmp(name.get(), HostClassStr[k]) == 0) {
-        host_class = k;
-        break;
-      }
-    }
-  }
-  if (host_class < 0) {
-    reply.append("%s", kListFailure);
-    name.release();
-    BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                 reply.c_str());
-    return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
-  }
-
-  LanHostRecord *list = nullptr;
-  int count = 0;
-  int rc = brelo_lanGethostInfobytype(&list, &count, nullptr, host_class);
-  count = bundle::platform_list_count(list, count);
-
-  // Blocked hosts come in two lists, the present ones and the offline ones. Without present
-  // ones the offline list is the whole answer.
-  bool offline_walked = false;
-  if (host_class == LAN_HOST_CLASS_BLOCK && (rc != 0 || count == 0)) {
-    count = 0;
-    free_hosts(list);
-    rc = brelo_lanGethostInfobyBlockOffline(&list, &count);
-    count = bundle::platform_list_count(list, count);
-    BUNDLE_TRACE("get BlockOffline ret %d\n", rc);
-    if (rc != 0) {
-      free_hosts(list);
-      reply.append("%s", kListFailure);
-      name.release();
-      BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-                   reply.c_str());
-      return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
-    }
-    offline_walked = true;
-  }
-
-  MacTextIndex &index = work->index;
-  reply.append("%s", kListHead);
-  append_unique_hosts(reply, index, list, count);
-
-  if (host_class == LAN_HOST_CLASS_BLOCK && !offline_walked) {
-    free_hosts(list);
-    count = 0;
-    rc += brelo_lanGethostInfobyBlockOffline(&list, &count);
-    count = bundle::platform_list_count(list, count);
-    if (rc == 0 && count != 0) {
-      // Decided before knowing whether any offline host is new: an all-duplicate second
-      // list leaves this comma just before the closing bracket.
-      reply.append(",");
-      append_unique_hosts(reply, index, list, count);
-    }
-  }
-  reply.append("]}");
-
-  if (rc == -2) {
-    // Only the platform's "not completed" fails the query; other results keep the list.
-    free_hosts(list);
-    name.release();
-    return BUNDLE_JSON_REPLY(env, kListFailure);
-  }
-  free_hosts(list);
+  bundle::HeapObject<ClassWork> work;
+  const char *text = work.ok() ? class_query(*work, class_code(name.get()), BUNDLE_NATIVE) : kListFailure;
   name.release();
-  BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n",
-               reply.c_str());
-  return bundle::new_reply_string(env, bundle::checked_reply(reply.c_str(), kListFailure));
+  BUNDLE_TRACE("getLANHostInfoByClassJni: return json = %s   leave============>\n", text);
+  return bundle::new_reply_string(env, bundle::checked_reply(text, kListFailure));
 }
 
 JNIEXPORT jstring JNICALL

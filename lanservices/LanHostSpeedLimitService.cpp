@@ -11,7 +11,7 @@ Java_com_lumarest_smartgateway_lanservices_LanHostSpeedLimitServiceImp_setLANHos
     JNIEnv *env, jobject, jstring jmac, jint up, jint down) {
   bundle::JavaChars mac_text(env, jmac);
   int result = -1;
-  unsigned char mac[6] = {};
+  unsigned char mac[6];  // written whole by parse_binary_mac before use
   if (!mac_text.is_null() && bundle::parse_binary_mac(mac_text.get(), mac)) {
     result = brelo_lanSetDevMaxBandwidth(mac, up, down) == 0 ? 0 : -1;
   }

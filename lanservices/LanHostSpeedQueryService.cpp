@@ -13,7 +13,7 @@ Java_com_lumarest_smartgateway_lanservices_LanHostSpeedQueryServiceImp_getLANHos
   int up = 0;
   int down = 0;
   bundle::JavaChars mac_text(env, jmac);
-  unsigned char mac[6] = {};
+  unsigned char mac[6];  // written whole by parse_binary_mac before use
   if (!mac_text.is_null() && bundle::parse_binary_mac(mac_text.get(), mac) &&
       brelo_lanGetDevBandwidth(mac, &up, &down) == 0) {
     // Lower-case member names here, unlike the speed-limit list.

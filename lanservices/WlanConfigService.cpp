@@ -18,24 +18,9 @@ const char kDefaultEncryption[] = "MIXED-WPAPSK2";
 // A Java boolean reaches the platform as 1 only when its low byte is exactly 1.
 int platform_flag(jboolean value) { return static_cast<unsigned char>(value) == 1 ? 1 : 0; }
 
-// Bounded copy of a Java text into a zeroed fixed buffer (Java sends short values; a longer
-// one is cut rather than overflowing).
-template <size_t N>
-void copy_text(char (&buf)[N], const char *text) {
-  strncpy(buf, text, N - 1);
-  buf[N - 1] = '\0';
-}
-
-// Reads a Java text, copies it into `buf` and gives it back at once (a failed copy is given
-// back too, with its NULL pointer). False when the text could not be read.
-template <size_t N>
-bool read_text(JNIEnv *env, jstring s, char (&buf)[N]) {
-  bundle::JavaChars text(env, s);
-  bool read = !text.is_null();
-  if (read) copy_text(buf, text.get());
-  text.release();
-  return read;
-}
+// Java texts reach the platform in zero-filled fixed buffers (Java sends short values; a
+// longer one is cut rather than overflowing): bundle::take_text and bundle::copy_padded leave
+// exactly those bytes.
 
 int success_or_failure(int rc) { return rc == 0 ? 0 : -1; }
 
@@ -62,8 +47,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDAdver
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANHardwareSwitchJni(
     JNIEnv *env, jobject, jstring jradioType, jboolean enable) {
-  char radio[64] = {};
-  if (!read_text(env, jradioType, radio)) {
+  char radio[64];  // written whole before use
+  if (!bundle::take_text(env, jradioType, radio)) {
     return BUNDLE_CODE_REPLY(-1);
   }
 
@@ -76,32 +61,33 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecurityJni(
     JNIEnv *env, jobject, jint ssidIndex, jstring jssidName, jstring jencrypt,
     jstring jpassword) {
-  char name[64] = {};
-  char mode[64] = {};
-  char password[64] = {};
+  char name[64];  // written whole before use
+  char mode[64];  // written whole before use
+  char password[64];  // written whole before use
 
   bundle::JavaChars ssidName(env, jssidName);
   if (ssidName.is_null()) {
     ssidName.release();
     return -1;
   }
-  copy_text(name, ssidName.get());
+  bundle::copy_padded(name, ssidName.get());
   ssidName.release();
 
   bundle::JavaChars encrypt(env, jencrypt);
   if (encrypt.is_null() || encrypt.get()[0] == '\0') {
-    copy_text(mode, kDefaultEncryption);
+    bundle::copy_padded(mode, kDefaultEncryption);
     // Deliberately not given back: an empty encryption text stays borrowed (and a failed
     // copy has nothing to give back).
     encrypt.keep();
   } else {
-    copy_text(mode, encrypt.get());
+    bundle::copy_padded(mode, encrypt.get());
     encrypt.release();
   }
 
   bundle::JavaChars pass(env, jpassword);
+  bundle::copy_padded(password, "");  // no password: an empty one
   if (!pass.is_null()) {
-    copy_text(password, pass.get());
+    bundle::copy_padded(password, pass.get());
     // Deliberately released naming the encryption string object; the VM frees the text by
     // its pointer. A null encryption object cannot be named, so the password's own is.
     env->ReleaseStringUTFChars(jencrypt != nullptr ? jencrypt : jpassword, pass.get());
@@ -119,12 +105,12 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANSSIDSecur
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANStandardJni(
     JNIEnv *env, jobject, jstring jradioType, jstring jstandard) {
-  char radio[32] = {};
-  char standard[32] = {};
+  char radio[32];  // written whole before use
+  char standard[32];  // written whole before use
   int ret = -1;
 
   // The radio type is read and given back before the standard is read.
-  if (read_text(env, jradioType, radio) && read_text(env, jstandard, standard))
+  if (bundle::take_text(env, jradioType, radio) && bundle::take_text(env, jstandard, standard))
     ret = success_or_failure(brelo_wlanSetWLANStandard(radio, standard));
   return BUNDLE_CODE_REPLY(ret);
 }
@@ -132,10 +118,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANStandardJ
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioChannelJni(
     JNIEnv *env, jobject, jstring jradioType, jint channel) {
-  char radio[32] = {};
+  char radio[32];  // written whole before use
   int ret = -1;
 
-  if (read_text(env, jradioType, radio))
+  if (bundle::take_text(env, jradioType, radio))
     ret = success_or_failure(brelo_wlansetWLANRadioChannel(radio, channel));
   return BUNDLE_CODE_REPLY(ret);
 }
@@ -143,10 +129,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioChan
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioPowerJni(
     JNIEnv *env, jobject, jstring jradioType, jint transmitPower) {
-  char radio[32] = {};
+  char radio[32];  // written whole before use
   int ret = -1;
 
-  if (read_text(env, jradioType, radio))
+  if (bundle::take_text(env, jradioType, radio))
     ret = success_or_failure(brelo_wlansetWLANRadioPower(radio, transmitPower));
   return BUNDLE_CODE_REPLY(ret);
 }
@@ -154,11 +140,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioPowe
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANRadioFrequencyWidthJni(
     JNIEnv *env, jobject, jstring jradioType, jstring jfrequencyWidth) {
-  char radio[32] = {};
-  char width[32] = {};
+  char radio[32];  // written whole before use
+  char width[32];  // written whole before use
   int ret = -1;
 
-  if (read_text(env, jradioType, radio) && read_text(env, jfrequencyWidth, width))
+  if (bundle::take_text(env, jradioType, radio) && bundle::take_text(env, jfrequencyWidth, width))
     ret = success_or_failure(brelo_wlansetWLANRadioFrequencyWidth(radio, width));
   return BUNDLE_CODE_REPLY(ret);
 }

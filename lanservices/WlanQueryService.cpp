@@ -13,6 +13,7 @@
 #include "common/native_reply.h"
 #include "common/platform_tcapi.h"
 #include "common/platform_wlan.h"
+#include "common/text_table.h"
 #include "lanservices/lan_hosts.h"
 
 namespace {
@@ -21,35 +22,29 @@ namespace {
 const size_t kListEntrySize = 512;
 
 // Handed to Java as a null string: the text has no buffer to land in.
-const char kNoMemory[] = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+const char *const kNoMemory = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
 
 const char kTrue[] = "TRUE";
 const char kFalse[] = "FALSE";
 
 const char *bool_text(bool value) { return value ? kTrue : kFalse; }
 
-// Standard names indexed by the platform's standard code; empty names are unknown codes.
-const char *const kStandardNames[] = {"11bg", "11b", "11a", "", "11g", "", "11n",
-                                      "11gn", "11na", "11bgn", "", "11ac"};
-const int kStandardCount = static_cast<int>(sizeof kStandardNames / sizeof kStandardNames[0]);
+// Standard names indexed by the platform's standard code (common/text_table.h); empty names
+// are unknown codes.
+const char kStandardNames[] = "11bg\0" "11b\0" "11a\0\0" "11g\0\0" "11n\0" "11gn\0" "11na\0" "11bgn\0\0" "11ac";
 
 // Writes the name of a standard code into `out` (32 bytes). 0 for a known code; -1 with an
 // empty name for an unknown one, and -1 without writing for a NULL `out`.
 int wlanStandardName(int code, char *out) {
   if (out == nullptr) return -1;
-  if (code < 0 || code >= kStandardCount || kStandardNames[code][0] == '\0') {
-    out[0] = '\0';
-    return -1;
-  }
-  strcpy(out, kStandardNames[code]);  // the longest name is 5 characters
-  return 0;
+  const char *name = bundle::table_text(kStandardNames, code);
+  strcpy(out, name);  // the longest name is 5 characters; an unknown code's is empty
+  return name[0] != '\0' ? 0 : -1;
 }
 
 // Encryption names indexed by the platform's encryption code; other codes give "".
 const char *encryption_name(int code) {
-  static const char *const kNames[] = {"OPEN", "WEP", "WPAPSK", "WPAPSK2", "MIXED-WPAPSK2"};
-  if (code < 0 || code >= static_cast<int>(sizeof kNames / sizeof kNames[0])) return "";
-  return kNames[code];
+  return bundle::table_text("OPEN\0WEP\0WPAPSK\0WPAPSK2\0MIXED-WPAPSK2", code);
 }
 
 // Transmit power in percent indexed by the platform's power level. The table has eight
@@ -106,19 +101,20 @@ static_assert(sizeof(StationReply) == 208, "StationReply is 208 bytes");
 void getStaSpeed(const char *mac) {
   unsigned int b[6] = {0, 0, 0, 0, 0, 0};
   sscanf(mac, "%02x:%02x:%02x:%02x:%02x:%02x", &b[0], &b[1], &b[2], &b[3], &b[4], &b[5]);
-  char key[16] = {};
+  char key[16];
   snprintf(key, sizeof key, "%02x%02x%02x%02x%02x%02x", b[0] & 0xFFu, b[1] & 0xFFu,
            b[2] & 0xFFu, b[3] & 0xFFu, b[4] & 0xFFu, b[5] & 0xFFu);
 
   int up = 0, down = 0;
+  // Every tree read leaves a terminated text, all that is read of its buffer.
   for (int entry = 0; entry < 64; ++entry) {
-    char node[32] = {};
-    snprintf(node, sizeof node, "BandWidth_Entry%d", entry);
-    char entry_mac[32] = {};
+    char node[32];
+    bundle::format_text(node, sizeof node, "BandWidth_Entry%d", entry);
+    char entry_mac[32];
     bundle::tree_get(node, "MAC", entry_mac);
     if (strcasecmp(entry_mac, key) == 0) {
-      char up_rate[32] = {};
-      char down_rate[32] = {};
+      char up_rate[32];
+      char down_rate[32];
       bundle::tree_get(node, "upRate", up_rate);
       bundle::tree_get(node, "downRate", down_rate);
       up = atoi(up_rate);
@@ -148,10 +144,13 @@ void fillWlanHostEntry(StationReply *reply, const WlanHostRecord *hosts, int i) 
   wlanStandardName(ssid.standard, reply->standard);
 }
 
-// A list reply in a heap buffer of (entries + 1) x 512 bytes; NULL when it can't be had.
+// An empty list reply in a heap buffer of (entries + 1) x 512 bytes; NULL when it can't be
+// had. Only the text composed into it is ever read.
 char *new_list_text(int entries, size_t *cap) {
   *cap = (static_cast<size_t>(entries) + 1) * kListEntrySize;
-  return static_cast<char *>(calloc(*cap, 1));
+  char *text = static_cast<char *>(malloc(*cap));
+  if (text != nullptr) text[0] = '\0';
+  return text;
 }
 
 }  // namespace
@@ -165,20 +164,18 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDInfoJn
   WlanSsidInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetSSIDInfo(ssidIndex, &info) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDInfo Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANSSIDInfo Error");
   } else {
     bundle::terminate_field(info.bssid);
     bundle::terminate_field(info.ssid);
-    char standard[32] = {};
+    char standard[32];  // written by wlanStandardName
     wlanStandardName(info.standard, standard);
-    reply.append("{\"Result\":0");
-    reply.append(",\"Enable\":\"%s\"", bool_text(info.enabled != 0));
-    reply.append(",\"BSSID\":\"%s\"", info.bssid);
-    reply.append(",\"SSIDName\":\"%s\"", info.ssid);  // not escaped here
-    // The record says "hidden"; Java is told whether the SSID is advertised.
-    reply.append(",\"SSIDAdvertisementEnabled\":\"%s\"", bool_text(info.hidden == 0));
-    reply.append(",\"Standard\":\"%s\"", standard);
-    reply.append(",\"EncryptionMode\":\"%s\"}", encryption_name(info.encryption));
+    // The name is not escaped here. The record says "hidden"; Java is told whether the SSID
+    // is advertised.
+    reply.append("{\"Result\":0,\"Enable\":\"%s\",\"BSSID\":\"%s\",\"SSIDName\":\"%s\","
+                 "\"SSIDAdvertisementEnabled\":\"%s\",\"Standard\":\"%s\",\"EncryptionMode\":\"%s\"}",
+                 bool_text(info.enabled != 0), info.bssid, info.ssid, bool_text(info.hidden == 0),
+                 standard, encryption_name(info.encryption));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -190,17 +187,17 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANSSIDStatsJ
   WlanSsidStatsRecord stats;
   memset(&stats, 0, sizeof stats);
   if (brelo_wlanGetSSIDStats(ssidIndex, &stats) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANSSIDStats Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANSSIDStats Error");
   } else {
-    reply.append("{\"Result\":0");
-    reply.append(",\"TotalBytesSent\":%u", static_cast<unsigned>(stats.bytes_sent));
-    reply.append(",\"TotalBytesReceived\":%u", static_cast<unsigned>(stats.bytes_received));
-    reply.append(",\"TotalPacketsSent\":%u", static_cast<unsigned>(stats.packets_sent));
-    reply.append(",\"TotalPacketsReceived\":%u", static_cast<unsigned>(stats.packets_received));
-    reply.append(",\"ErrorsSent\":%u", static_cast<unsigned>(stats.errors_sent));
-    reply.append(",\"ErrorsReceived\":%u", static_cast<unsigned>(stats.errors_received));
-    reply.append(",\"DiscardPacketsSent\":%u", static_cast<unsigned>(stats.discard_sent));
-    reply.append(",\"DiscardPacketsReceived\":%u}", static_cast<unsigned>(stats.discard_received));
+    reply.append("{\"Result\":0,\"TotalBytesSent\":%u,\"TotalBytesReceived\":%u,"
+                 "\"TotalPacketsSent\":%u,\"TotalPacketsReceived\":%u,\"ErrorsSent\":%u,"
+                 "\"ErrorsReceived\":%u,\"DiscardPacketsSent\":%u,\"DiscardPacketsReceived\":%u}",
+                 static_cast<unsigned>(stats.bytes_sent), static_cast<unsigned>(stats.bytes_received),
+                 static_cast<unsigned>(stats.packets_sent),
+                 static_cast<unsigned>(stats.packets_received),
+                 static_cast<unsigned>(stats.errors_sent), static_cast<unsigned>(stats.errors_received),
+                 static_cast<unsigned>(stats.discard_sent),
+                 static_cast<unsigned>(stats.discard_received));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -215,10 +212,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANWPSStatusJ
 JNIEXPORT jboolean JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHardwareSwitchJni(
     JNIEnv *env, jobject, jstring jradioType) {
-  char radio[32] = {};
+  char radio[32];
   bundle::JavaChars radioType(env, jradioType);
   if (bundle::acquire_failed(env, radioType)) return JNI_FALSE;
-  strncpy(radio, radioType.or_empty(), sizeof radio - 1);
+  bundle::copy_padded(radio, radioType.or_empty());
   radioType.release();
 
   int rc = brelo_wlanGetRadioSwitch(radio);
@@ -235,15 +232,13 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANRadioInfoJ
   WlanRadioInfoRecord info;
   memset(&info, 0, sizeof info);
   if (brelo_wlanGetRadioInfo(radio, &info) != 0) {
-    reply.append("{\"Result\":-1,\"FailReason\":\"getWLANRadioInfo Error\"}");
+    reply.append(BUNDLE_FAIL_REASON, "getWLANRadioInfo Error");
   } else {
-    reply.append("{\"Result\":0");
-    reply.append(",\"Channel\":%d", static_cast<int>(info.channel));
-    reply.append(",\"AutoChannelEnable\":\"%s\"", bool_text(info.auto_channel != 0));
-    reply.append(",\"ChannelsInUse\":\"%s\"", radio == 0 ? k24GChannels : k5GChannels);
-    reply.append(",\"TransmitPower\":\"%d\"", power_percent(info.power_level));
-    reply.append(",\"FrequencyWidth\":\"%s\"", width_name(info.width_code));
-    reply.append("}");
+    reply.append("{\"Result\":0,\"Channel\":%d,\"AutoChannelEnable\":\"%s\",\"ChannelsInUse\":\"%s\","
+                 "\"TransmitPower\":\"%d\",\"FrequencyWidth\":\"%s\"}",
+                 static_cast<int>(info.channel), bool_text(info.auto_channel != 0),
+                 radio == 0 ? k24GChannels : k5GChannels, power_percent(info.power_level),
+                 width_name(info.width_code));
   }
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
@@ -254,8 +249,10 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   int radio = radio_of(env, jradioType);
   if (bundle::exception_pending(env)) return nullptr;  // the radio text could not be obtained
   static_assert(sizeof(WlanNeighborRecord) * WLAN_MAX_NEIGHBORS == 23040, "23,040 bytes");
-  // Too large for the stack frame: the zeroed record array is taken from the heap.
+  // Too large for the stack frame: the record array is taken from the heap, zeroed as the
+  // platform is handed it (a record it fills in part reads as zeros beyond).
   struct Neighbors {
+    Neighbors() : list{} {}
     WlanNeighborRecord list[WLAN_MAX_NEIGHBORS];
   };
   bundle::HeapObject<Neighbors> neighbors;
@@ -277,27 +274,27 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANNeighborJn
   }
   size_t off = 0;
   if (rc != 0) {
-    bundle::reply_append(text, cap, &off, "{\"Result\":-1,\"FailReason\":\"getWLANNeighbor Error\"}");
+    bundle::reply_append(text, cap, &off, BUNDLE_FAIL_REASON, "getWLANNeighbor Error");
   } else {
     bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
     for (int i = 0; i < n; ++i) {
       WlanNeighborRecord &ap = list[i];
       bundle::terminate_field(ap.ssid);
       bundle::terminate_field(ap.bssid);
-      char ssid[HTML_ENCODE_OUT_SIZE] = {};
+      // Both texts are written whole (terminator included) before they are read.
+      char ssid[HTML_ENCODE_OUT_SIZE];
       if (bundle::hardened_profile()) {
         snprintf(ssid, sizeof ssid, "%s", ap.ssid);  // the composer escapes it, once
       } else {
         html_encode(ssid, ap.ssid);
       }
-      char standard[32] = {};
+      char standard[32];
       wlanStandardName(ap.standard, standard);
-      bundle::reply_append(text, cap, &off, "{\"SSIDName\":\"%s\"", ssid);
-      bundle::reply_append(text, cap, &off, ",\"BSSID\":\"%s\"", ap.bssid);
-      bundle::reply_append(text, cap, &off, ",\"NetworkType\":\"%s\"", "AP");
-      bundle::reply_append(text, cap, &off, ",\"Channel\":%d", static_cast<int>(ap.channel));
-      bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(ap.rssi));
-      bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", standard);
+      bundle::reply_append(text, cap, &off,
+                           "{\"SSIDName\":\"%s\",\"BSSID\":\"%s\",\"NetworkType\":\"%s\",\"Channel\":%d,"
+                           "\"RSSI\":\"%d\",\"Standard\":\"%s\"}",
+                           ssid, ap.bssid, "AP", static_cast<int>(ap.channel),
+                           static_cast<int>(ap.rssi), standard);
       if (i != n - 1) bundle::reply_append(text, cap, &off, ",");
     }
     bundle::reply_append(text, cap, &off, "]}");
@@ -366,13 +363,12 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
   for (int j = 0; j < entries; ++j) {
     const StationReply &r = records[j];
-    bundle::reply_append(text, cap, &off, "{\"SSIDIndex\":%d", static_cast<int>(r.ssid_index));
-    bundle::reply_append(text, cap, &off, ",\"SSIDName\":\"%s\"", r.ssid);  // not escaped
-    bundle::reply_append(text, cap, &off, ",\"MAC\":\"%s\"", r.mac);
-    bundle::reply_append(text, cap, &off, ",\"RSSI\":\"%d\"", static_cast<int>(r.rssi));
-    bundle::reply_append(text, cap, &off, ",\"RxRate\":\"%d\"", static_cast<int>(r.rx_rate));
-    bundle::reply_append(text, cap, &off, ",\"TxRate\":\"%d\"", static_cast<int>(r.tx_rate));
-    bundle::reply_append(text, cap, &off, ",\"Standard\":\"%s\"}", r.standard);
+    // The SSID name is not escaped.
+    bundle::reply_append(text, cap, &off,
+                         "{\"SSIDIndex\":%d,\"SSIDName\":\"%s\",\"MAC\":\"%s\",\"RSSI\":\"%d\","
+                         "\"RxRate\":\"%d\",\"TxRate\":\"%d\",\"Standard\":\"%s\"}",
+                         static_cast<int>(r.ssid_index), r.ssid, r.mac, static_cast<int>(r.rssi),
+                         static_cast<int>(r.rx_rate), static_cast<int>(r.tx_rate), r.standard);
     if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
   }
   bundle::reply_append(text, cap, &off, "]}");
@@ -388,13 +384,14 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
   bundle::Reply<1024> reply;
   bool opened = false;
   for (int entry = 0; entry < 2; ++entry) {
-    char node[32] = {};
-    snprintf(node, sizeof node, "WLanForGuest_Entry%d", entry);
-    char index[32] = {};
+    // Every tree read leaves a terminated text, all that is read of its buffer.
+    char node[32];
+    bundle::format_text(node, sizeof node, "WLanForGuest_Entry%d", entry);
+    char index[32];
     if (bundle::tree_get(node, "SSIDIndex", index) != 0) continue;  // no such guest entry
-    char duration[32] = {};
-    char remain[32] = {};
-    char isolation[32] = {};
+    char duration[32];
+    char remain[32];
+    char isolation[32];
     bundle::tree_get(node, "Duration", duration);
     bundle::tree_get(node, "DurationRemain", remain);
     bundle::tree_get(node, "PortIsolation", isolation);
@@ -414,9 +411,8 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     } else {
       reply.append("{\"SSIDIndex\":%s", index);
     }
-    reply.append(",\"Duration\":%d", atoi(duration));
-    reply.append(",\"PortIsolation\":\"%s\"", bool_text(isolation[0] == '1'));
-    reply.append(",\"RemainDuration\":%d}", remaining);
+    reply.append(",\"Duration\":%d,\"PortIsolation\":\"%s\",\"RemainDuration\":%d}", atoi(duration),
+                 bool_text(isolation[0] == '1'), remaining);
   }
   if (!opened) reply.append("{\"Result\":0,\"List\":[");
   reply.append("]}");

@@ -15,5 +15,7 @@ cd "$build"
 ctest --output-on-failure -j"$(nproc)"
 echo "== library sizes"
 cat "$build/library-size.txt" "$build"/tier-*/library-size.txt 2>/dev/null || true
+echo "== bundle_sc-capture: stripped size and run time on the default gateway (a package of its own)"
+grep -h "stripped\|run time" "$build/capture-size.txt" "$build"/tier-*/capture-size.txt 2>/dev/null || true
 echo "== stack frames (the build fails on any frame above the bound)"
 cat "$build/frame-sizes.txt" "$build"/tier-*/frame-sizes.txt 2>/dev/null || true

@@ -120,7 +120,7 @@ SIM_EXPORT int brelo_deleteForwardRule(int index) {
   sim::call("brelo_deleteForwardRule", "%d", index);
   sim::Guard guard;
   if (sim::has_result("brelo_deleteForwardRule")) return sim::result("brelo_deleteForwardRule", 0);
-  return delete_at(kForwardRule, index) ? 0 : -1;
+  return sim::returns("brelo_deleteForwardRule", delete_at(kForwardRule, index) ? 0 : -1);
 }
 
 SIM_EXPORT int brelo_deleteAllForwardRule(void) {
@@ -196,7 +196,7 @@ SIM_EXPORT int brelo_deleteHTTPTrafficProcessRule(int index) {
   sim::Guard guard;
   if (sim::has_result("brelo_deleteHTTPTrafficProcessRule"))
     return sim::result("brelo_deleteHTTPTrafficProcessRule", 0);
-  return delete_at(kHttpRule, index) ? 0 : -1;
+  return sim::returns("brelo_deleteHTTPTrafficProcessRule", delete_at(kHttpRule, index) ? 0 : -1);
 }
 
 SIM_EXPORT int brelo_deleteAllHTTPTrafficProcessRule(void) {

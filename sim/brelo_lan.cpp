@@ -180,7 +180,11 @@ void build_table(HostTable *t) {
     put(rec->ipv6, sizeof rec->ipv6, "ipv6");
     rec->attach_point = static_cast<int32_t>(h.port);
     rec->online_time = static_cast<uint32_t>(keys.number("online_time"));
-    rec->storage_access = t->storage_black.count(key) != 0 ? 0 : 1;
+    // A "storage_access" key overrides the storage black list (a captured gateway's own
+    // value, whatever it is).
+    rec->storage_access = keys.get("storage_access") != nullptr
+                              ? static_cast<int32_t>(keys.number("storage_access"))
+                              : (t->storage_black.count(key) != 0 ? 0 : 1);
     t->by_mac.emplace(key, i);  // the first host of a MAC text wins
   }
 }

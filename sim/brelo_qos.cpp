@@ -4,7 +4,8 @@
 //
 // Counters and speeds move: every statistics query counts one more second of traffic at the
 // flow's nominal speeds, and every speed query reports a speed that wanders around them,
-// held under the flow's limit.
+// held under the flow's limit. A flow with "steady = 1" (a captured gateway's readings)
+// reports its counters and speeds as they stand.
 #include <stdlib.h>
 #include <string.h>
 
@@ -65,6 +66,8 @@ char *copy_text(const std::string &text) {
 }
 
 int usual(const std::string &s) { return flow_known(s) ? 0 : -1; }
+
+bool steady(const std::string &s) { return sim::get_int(s.c_str(), "steady") == 1; }
 
 // One reading of a speed that wanders around `nominal`, never above a positive `limit`.
 int wandering(long long nominal, long long limit, long long step) {
@@ -161,7 +164,10 @@ SIM_EXPORT int brelo_getStatsByFlow(int flowId, unsigned long long *upBytes,
   sim::call("brelo_getStatsByFlow", "%d", flowId);
   sim::Guard guard;
   std::string s = flow_section(flowId);
-  if (flow_known(s)) {
+  if (flow_known(s) && steady(s)) {
+    *upBytes = strtoull(sim::get_str(s.c_str(), "up_bytes").c_str(), nullptr, 10);
+    *downBytes = strtoull(sim::get_str(s.c_str(), "down_bytes").c_str(), nullptr, 10);
+  } else if (flow_known(s)) {
     const char *sec = s.c_str();
     // One more second of traffic at the nominal speeds (kbit/s) since the last query.
     unsigned long long up = strtoull(sim::get_str(sec, "up_bytes").c_str(), nullptr, 10) +
@@ -180,7 +186,10 @@ SIM_EXPORT int brelo_getSpeedByFlow(int flowId, int *up, int *down) {
   sim::call("brelo_getSpeedByFlow", "%d", flowId);
   sim::Guard guard;
   std::string s = flow_section(flowId);
-  if (flow_known(s)) {
+  if (flow_known(s) && steady(s)) {
+    *up = static_cast<int>(sim::get_int(s.c_str(), "up_speed"));
+    *down = static_cast<int>(sim::get_int(s.c_str(), "down_speed"));
+  } else if (flow_known(s)) {
     const char *sec = s.c_str();
     long long step = sim::get_int(sec, "speed_queries") + 1;
     sim::set(sec, "speed_queries", std::to_string(step));

@@ -54,6 +54,14 @@ void put(char (&field)[N], const std::string &section, const char *key) {
   memcpy(field, v.data(), std::min(v.size(), N));
 }
 
+// A route's id: its section's number, unless an "index" key gives another (a captured
+// gateway's routes keep their ids in the order listed).
+int32_t route_index(const std::string &s) {
+  if (sim::get(s.c_str(), "index") != nullptr) return static_cast<int32_t>(sim::get_int(s.c_str(), "index"));
+  size_t at = s.find_last_of(' ');
+  return atoi(s.c_str() + at + 1);
+}
+
 template <typename Record, typename Fill>
 void hand_out(const std::vector<std::string> &sections, Record **array, int *count, Fill fill) {
   *array = nullptr;
@@ -67,13 +75,17 @@ void hand_out(const std::vector<std::string> &sections, Record **array, int *cou
 }
 
 // The routes of a table: 0 the configured static routes, 1 the routes in force (the other
-// routes in force, then the static ones).
+// routes in force, then the static ones; only the other ones when the table's options section,
+// [ipv4 routes] or [ipv6 routes], says current_only = 1, as a captured gateway's may).
 // A route with a "repeat" count is listed that many times (a long table).
-std::vector<std::string> routes(const char *current, const char *fixed, int which) {
+std::vector<std::string> routes(const char *current, const char *fixed, const char *options,
+                                int which) {
   std::vector<std::string> sections;
   if (which == ROUTE_TABLE_CURRENT) sections = table(current);
-  std::vector<std::string> statics = table(fixed);
-  sections.insert(sections.end(), statics.begin(), statics.end());
+  if (which == ROUTE_TABLE_STATIC || sim::get_int(options, "current_only") != 1) {
+    std::vector<std::string> statics = table(fixed);
+    sections.insert(sections.end(), statics.begin(), statics.end());
+  }
   std::vector<std::string> out;
   for (const std::string &s : sections) {
     long long repeat = sim::get_int(s.c_str(), "repeat", 1);
@@ -112,9 +124,9 @@ int delete_route(const char *fn, const char *prefix, int routeId) {
   if (sim::has_result(fn)) return sim::result(fn, 0);
   sim::Guard guard;
   std::string section = prefix + std::to_string(routeId);
-  if (sim::entry_count(section.c_str()) == 0) return -1;
+  if (sim::entry_count(section.c_str()) == 0) return sim::returns(fn, -1);
   sim::remove_section(section.c_str());
-  return 0;
+  return sim::returns(fn, 0);
 }
 
 }  // namespace
@@ -147,10 +159,9 @@ SIM_EXPORT int brelo_routeinfoGetLayer3ForwardingStaticConfig(Ip4RouteRecord **a
   *count = 0;
   if (which != ROUTE_TABLE_STATIC && which != ROUTE_TABLE_CURRENT)
     return sim::result("brelo_routeinfoGetLayer3ForwardingStaticConfig", -1);
-  hand_out(routes(kIp4Current, kIp4Static, which), array, count,
+  hand_out(routes(kIp4Current, kIp4Static, "ipv4 routes", which), array, count,
            [](const std::string &s, Ip4RouteRecord *r) {
-             size_t at = s.find_last_of(' ');
-             r->index = atoi(s.c_str() + at + 1);
+             r->index = route_index(s);
              put(r->dest_ip, s, "dest");
              put(r->dest_mask, s, "mask");
              put(r->gateway_ip, s, "gateway");
@@ -167,10 +178,9 @@ SIM_EXPORT int brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(Ip6RouteRecord 
   *count = 0;
   if (which != ROUTE_TABLE_STATIC && which != ROUTE_TABLE_CURRENT)
     return sim::result("brelo_routeinfoGetIp6Layer3ForwardingStaticConfig", -1);
-  hand_out(routes(kIp6Current, kIp6Static, which), array, count,
+  hand_out(routes(kIp6Current, kIp6Static, "ipv6 routes", which), array, count,
            [](const std::string &s, Ip6RouteRecord *r) {
-             size_t at = s.find_last_of(' ');
-             r->index = atoi(s.c_str() + at + 1);
+             r->index = route_index(s);
              put(r->dest_prefix, s, "prefix");
              put(r->next_hop, s, "next_hop");
              put(r->interface_name, s, "interface");
@@ -195,16 +205,16 @@ SIM_EXPORT int brelo_routeAddIp4ForwardingStatic(const char *dstIPAddr, const ch
   if (!ipv4_text(dstIPAddr) || !ipv4_text(dstSubMask) || gatewayIPAddr == nullptr ||
       (gatewayIPAddr[0] != '\0' && !ipv4_text(gatewayIPAddr)) || interfaceName == nullptr ||
       interfaceName[0] == '\0')
-    return -1;
+    return sim::returns(fn, -1);
   sim::Guard guard;
   int id = free_route_id(kIp4Static);
-  if (id < 0) return -1;
+  if (id < 0) return sim::returns(fn, -1);
   std::string s = kIp4Static + std::to_string(id);
   sim::set(s.c_str(), "dest", dstIPAddr);
   sim::set(s.c_str(), "mask", dstSubMask);
   sim::set(s.c_str(), "gateway", gatewayIPAddr);
   sim::set(s.c_str(), "interface", interfaceName);
-  return id;
+  return sim::returns(fn, id);
 }
 
 SIM_EXPORT int brelo_routeAddIp6ForwardingStatic(const char *dstIPPrefix, const char *nextHop,
@@ -217,15 +227,15 @@ SIM_EXPORT int brelo_routeAddIp6ForwardingStatic(const char *dstIPPrefix, const 
   if (!ipv6_prefix(dstIPPrefix) || nextHop == nullptr ||
       (nextHop[0] != '\0' && inet_pton(AF_INET6, nextHop, &a) != 1) || interfaceName == nullptr ||
       interfaceName[0] == '\0')
-    return -1;
+    return sim::returns(fn, -1);
   sim::Guard guard;
   int id = free_route_id(kIp6Static);
-  if (id < 0) return -1;
+  if (id < 0) return sim::returns(fn, -1);
   std::string s = kIp6Static + std::to_string(id);
   sim::set(s.c_str(), "prefix", dstIPPrefix);
   sim::set(s.c_str(), "next_hop", nextHop);
   sim::set(s.c_str(), "interface", interfaceName);
-  return id;
+  return sim::returns(fn, id);
 }
 
 SIM_EXPORT int brelo_routeDeleteIp4ForwardingStatic(int routeId) {
@@ -241,18 +251,18 @@ SIM_EXPORT int brelo_setVLANBind(const char *lanInterface, const char *bind) {
   sim::call("brelo_setVLANBind", "\"%s\", \"%s\"", text_arg(lanInterface), text_arg(bind));
   if (sim::has_result("brelo_setVLANBind")) return sim::result("brelo_setVLANBind", 0);
   int n = lan_number(lanInterface);
-  if (n < 0 || bind == nullptr || bind[0] == '\0') return -1;
+  if (n < 0 || bind == nullptr || bind[0] == '\0') return sim::returns("brelo_setVLANBind", -1);
   sim::set(kVlan, std::to_string(n).c_str(), bind);
-  return 0;
+  return sim::returns("brelo_setVLANBind", 0);
 }
 
 SIM_EXPORT int brelo_clearVLANBind(const char *lanInterface) {
   sim::call("brelo_clearVLANBind", "\"%s\"", text_arg(lanInterface));
   if (sim::has_result("brelo_clearVLANBind")) return sim::result("brelo_clearVLANBind", 0);
   int n = lan_number(lanInterface);
-  if (n < 0) return -1;
+  if (n < 0) return sim::returns("brelo_clearVLANBind", -1);
   sim_unset(kVlan, std::to_string(n).c_str());
-  return 0;
+  return sim::returns("brelo_clearVLANBind", 0);
 }
 
 }  // extern "C"

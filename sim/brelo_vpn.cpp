@@ -43,14 +43,14 @@ SIM_EXPORT int brelo_vpnOn(char *serverIp, char *userName, char *password) {
             text_arg(password));
   if (sim::has_result("brelo_vpnOn")) return sim::result("brelo_vpnOn", 0);
   if (serverIp == nullptr || serverIp[0] == '\0' || userName == nullptr || password == nullptr)
-    return -1;
+    return sim::returns("brelo_vpnOn", -1);
   sim::Guard guard;
   sim::set(kVpn, "server", serverIp);
   sim::set(kVpn, "user", userName);
   sim::set(kVpn, "password", password);
   sim::set(kVpn, "status", std::to_string(kConnecting));
   sim::set(kVpn, "connected_ips", "");
-  return 0;
+  return sim::returns("brelo_vpnOn", 0);
 }
 
 SIM_EXPORT int brelo_vpnOff(char *serverIp) {
@@ -60,10 +60,10 @@ SIM_EXPORT int brelo_vpnOff(char *serverIp) {
   // Only the tunnel that is on can be switched off.
   if (serverIp == nullptr || sim::get_int(kVpn, "status") == kDown ||
       sim::get_str(kVpn, "server") != serverIp)
-    return -1;
+    return sim::returns("brelo_vpnOff", -1);
   sim::set(kVpn, "status", std::to_string(kDown));
   sim::set(kVpn, "connected_ips", "");
-  return 0;
+  return sim::returns("brelo_vpnOff", 0);
 }
 
 SIM_EXPORT int brelo_getVpnStatCmd(int *status) {
@@ -80,7 +80,7 @@ SIM_EXPORT int brelo_getVpnStatCmd(int *status) {
 
 SIM_EXPORT int brelo_getConnectedIpList(char *buffer, int size) {
   sim::call("brelo_getConnectedIpList", "%d", size);
-  if (buffer == nullptr || size <= 0) return -1;
+  if (buffer == nullptr || size <= 0) return sim::returns("brelo_getConnectedIpList", -1);
   sim::Guard guard;
   std::string list = quoted_list(sim::get_str(kVpn, "connected_ips"));
   // A "connected_list" value is handed over as it stands (a platform text of any shape).

@@ -44,8 +44,11 @@ SIM_EXPORT void call(const char *fn, const char *argfmt, ...) __attribute__((for
 // Whether the call log is on: arguments that take work to put into words (lists) are built
 // only then.
 SIM_EXPORT bool logging();
-// The programmed result of fn, or `usual`.
+// The programmed result of fn, or `usual`; the log records it as what this call returned.
 SIM_EXPORT int result(const char *fn, int usual);
+// Records rc as what this thread's latest logged call of fn returned, and returns it: for a
+// function that returns without asking result() (its own checks failed, or it answers a value).
+SIM_EXPORT int returns(const char *fn, int rc);
 SIM_EXPORT bool has_result(const char *fn);
 
 // State access. Absent values read as NULL / the default.

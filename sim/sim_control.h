@@ -17,8 +17,13 @@ extern "C" {
 void sim_reset(void);
 
 // Loads a state file, or every *.ini file of a directory in name order, on top of the current
-// state. Sections named "tcapi <node>" become configuration-tree nodes. 0 on success, -1 when
-// the path cannot be read or a line is malformed.
+// state. Sections named "tcapi <node>" become configuration-tree nodes; the lines of a section
+// named "results" ("function = code") program results as sim_program_result does. A directory
+// holding capture.ini is a captured gateway (bundle_sc-capture): it replaces the whole state
+// (programmed results included; where the tree is saved stays), and one whose capture did not
+// finish ("complete = 1" missing from its [capture] section) is refused and leaves the state
+// as it was. 0 on success, -1 when the path cannot be read, a line is malformed or the
+// capture is incomplete.
 int sim_load(const char *path);
 
 // sim_reset(), then the default simulated gateway: $BRELO_SIM_STATE if set, else the state
@@ -39,8 +44,8 @@ int sim_load_fresh(void);
 // There is one snapshot at a time: taking a new one replaces the previous one.
 unsigned long sim_snapshot(void);
 
-// Back to the state of snapshot `id`, as if it had been loaded afresh: no programmed results or
-// hooks, an empty call log. A state that nothing changed since the snapshot (or since the last
+// Back to the state of snapshot `id`, as if it had been loaded afresh: the results its state
+// programmed ([results]) and no others, no hooks, an empty call log. A state that nothing changed since the snapshot (or since the last
 // restore) is kept as it is, with everything the simulated functions derived from it, so a
 // restore after a query costs almost nothing; a changed state is copied back from the
 // snapshot. -1 (and nothing done) when `id` is not the snapshot remembered now (none was taken,
@@ -55,6 +60,13 @@ const char *sim_get(const char *section, const char *key);
 
 // Every later call of `fn` returns `rc` instead of its usual result.
 void sim_program_result(const char *fn, int rc);
+// `fn` returns its usual result again.
+void sim_clear_result(const char *fn);
+// 1 when the simulated libbrelo.so.1 or libtcapi.so.1 has a function `fn`, 0 when neither has,
+// -1 when neither library can be opened to tell.
+int sim_platform_function(const char *fn);
+// 1 when the state has a section of that name (possibly empty), else 0.
+int sim_section_exists(const char *section);
 
 // `hook(fn, ctx)` runs at every later call of `fn`, after the call is logged and before the
 // function produces its outputs.
@@ -72,6 +84,9 @@ const char *sim_hook_arguments(void);
 // sim_set_log_limit) the oldest lines are dropped, keeping about the last half of the limit,
 // so a long run does not grow without end.
 const char *sim_log(void);
+// The same lines, each call that has returned followed by " -> <its return code>" (for people
+// reading the log; sim_log's lines are what tests compare).
+const char *sim_log_results(void);
 void sim_clear_log(void);
 // Number of logged calls of `fn` (among the lines the log still holds).
 int sim_log_count(const char *fn);

@@ -1,6 +1,7 @@
 // The simulated gateway's state, call log and programmed results.
 #include <dirent.h>
 #include <dlfcn.h>
+#include <link.h>
 #include <limits.h>
 #include <sys/stat.h>
 #include <errno.h>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <deque>
 #include <iterator>
 #include <list>
 #include <map>
@@ -53,13 +55,26 @@ struct Hook {
   void *ctx;
 };
 
+// One call in the log: its number (counted over the whole run, never reset), where its text
+// starts (counted from the log's first byte since it was last emptied, so dropping old lines
+// moves nothing) and what the function returned, once it has.
+struct LoggedCall {
+  unsigned long long serial;
+  size_t start;
+  int rc;
+  bool returned;
+};
+
 // The call log: the lines, and how many lines begin with each function name (so counting a
 // function's calls does not rescan the text). When the text grows past `limit` bytes the
-// oldest lines are dropped, so about the last half of the limit stays.
+// oldest lines are dropped, so about the last half of the limit stays. Beside the text, the
+// calls with their return codes (sim_log_results); the text itself stays "fn(arguments)".
 struct CallLog {
   std::string text;
   std::unordered_map<std::string, int> counts;
   size_t limit = 0;  // 0: the default
+  std::deque<LoggedCall> calls;
+  size_t dropped = 0;  // bytes dropped from the front of the text
 };
 
 struct World {
@@ -96,12 +111,26 @@ struct Snapshot {
   std::unordered_map<std::string_view, const Section *> by_name;
   std::string save_path;
   std::set<std::string> removed_nodes;
+  std::map<std::string, int> results;
   unsigned long clean_generation = 0;
   std::unordered_set<std::string> touched;
   bool removed = false;
 };
 Snapshot g_snapshot;
 unsigned long g_last_snapshot_id = 0;
+
+// The number of the next logged call, over the whole run.
+unsigned long long g_next_call = 1;
+
+// The last calls this thread logged, so that their return codes find them (a simulated
+// function may call another, so a few are kept).
+struct PendingCall {
+  unsigned long long serial;
+  const char *fn;
+};
+constexpr unsigned kPendingCalls = 4;
+thread_local PendingCall t_pending[kPendingCalls];
+thread_local unsigned t_next_pending = 0;
 
 // Bumped by every change of the state (values, sections, loads, resets), never reset: caches
 // derived from the state compare it with the generation they were built from.
@@ -121,6 +150,11 @@ bool log_wanted_at_load() {
 std::atomic<bool> g_log_on{log_wanted_at_load()};
 
 constexpr size_t kDefaultLogLimit = 64u << 20;  // 64 MiB of lines
+
+// The state section whose lines are programmed results, and the file that marks a folder as a
+// captured gateway.
+const char kResultsSection[] = "results";
+const char kCaptureFile[] = "capture.ini";
 
 void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
 
@@ -149,9 +183,11 @@ void count_lines(const char *piece, size_t n, int delta) {
   }
 }
 
-void append_log(const char *fn, const char *args) {
+unsigned long long append_log(const char *fn, const char *args) {
   CallLog &log = g_world.log;
   size_t start = log.text.size();
+  unsigned long long serial = g_next_call++;
+  log.calls.push_back(LoggedCall{serial, log.dropped + start, 0, false});
   log.text += fn;
   log.text += '(';
   log.text += args;
@@ -165,7 +201,28 @@ void append_log(const char *fn, const char *args) {
     cut = nl == std::string::npos ? log.text.size() : nl + 1;
     count_lines(log.text.data(), cut, -1);
     log.text.erase(0, cut);
+    log.dropped += cut;
+    while (!log.calls.empty() && log.calls.front().start < log.dropped) log.calls.pop_front();
   }
+  return serial;
+}
+
+// The log's text with " -> <return code>" at the end of each call whose function has returned.
+std::string log_with_results(const CallLog &log) {
+  std::string out;
+  size_t at = 0;  // in log.text
+  for (size_t i = 0; i < log.calls.size(); ++i) {
+    size_t start = log.calls[i].start - log.dropped;
+    size_t end = i + 1 < log.calls.size() ? log.calls[i + 1].start - log.dropped : log.text.size();
+    out.append(log.text, at, start - at);  // the rest of a call whose start was dropped
+    size_t body = end > start && log.text[end - 1] == '\n' ? end - 1 : end;
+    out.append(log.text, start, body - start);
+    if (log.calls[i].returned) out += " -> " + std::to_string(log.calls[i].rc);
+    out.append(log.text, body, end - body);
+    at = end;
+  }
+  out.append(log.text, at, std::string::npos);
+  return out;
 }
 
 Section *find_section(std::string_view name) {
@@ -295,6 +352,20 @@ std::string encode_value(const std::string &v) {
   return out + "\"";
 }
 
+// A state file's [results] section programs results, as sim_program_result does: "fn = rc"
+// (a captured gateway records so the functions that failed on it). False for a value that is
+// not a number.
+bool program_result_line(const std::string &fn, const std::string &value) {
+  char *end = nullptr;
+  errno = 0;
+  long rc = strtol(value.c_str(), &end, 0);
+  if (fn.empty() || value.empty() || *end != '\0' || errno != 0 || rc < INT_MIN || rc > INT_MAX)
+    return false;
+  g_world.results[fn] = static_cast<int>(rc);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+  return true;
+}
+
 // Loads a state file on top of the state, line by line whatever their length (a
 // configuration-tree value of 4095 bytes takes up to four times as many once escaped). With
 // `replace`, a section the file holds replaces the section of that name (its values are those
@@ -305,11 +376,12 @@ int load_file(const std::string &path, bool replace = false) {
   if (f == nullptr) return -1;
   std::string section;
   std::set<std::string> replaced;
+  // Lines of any length: a tree value alone may hold 4095 bytes, each written as \xHH.
   char *line = nullptr;
-  size_t cap = 0;
+  size_t line_cap = 0;
   ssize_t got;
   int rc = 0, lineno = 0;
-  while ((got = getline(&line, &cap, f)) != -1) {
+  while ((got = getline(&line, &line_cap, f)) != -1) {
     ++lineno;
     std::string raw(line, static_cast<size_t>(got));
     if (raw.find('\0') != std::string::npos) {
@@ -344,6 +416,14 @@ int load_file(const std::string &path, bool replace = false) {
       rc = -1;
       continue;
     }
+    if (section == kResultsSection) {
+      if (!program_result_line(trim(t.substr(0, eq)), value)) {
+        fprintf(stderr, "gateway sim: %s:%d: expected function = result code\n", path.c_str(),
+                lineno);
+        rc = -1;
+      }
+      continue;
+    }
     set_value(section, trim(t.substr(0, eq)), value);
   }
   free(line);
@@ -351,10 +431,59 @@ int load_file(const std::string &path, bool replace = false) {
   return rc;
 }
 
+void reset_locked();
+
+// Whether `dir` is a captured gateway (bundle_sc-capture writes capture.ini), and whether the
+// capture finished: its [capture] section says "complete = 1" only once every file is written.
+bool is_capture(const std::string &dir) {
+  struct stat st;
+  return stat((dir + "/" + kCaptureFile).c_str(), &st) == 0;
+}
+
+bool capture_complete(const std::string &dir) {
+  FILE *f = fopen((dir + "/" + kCaptureFile).c_str(), "r");
+  if (f == nullptr) return false;
+  char *line = nullptr;
+  size_t line_cap = 0;
+  std::string section;
+  bool complete = false;
+  while (getline(&line, &line_cap, f) != -1) {
+    std::string t = trim(line);
+    if (!t.empty() && t.back() == '\n') t.pop_back();
+    t = trim(t);
+    if (!t.empty() && t[0] == '[' && t.back() == ']') {
+      section = trim(t.substr(1, t.size() - 2));
+      continue;
+    }
+    size_t eq = t.find('=');
+    std::string value;
+    if (section == "capture" && eq != std::string::npos && trim(t.substr(0, eq)) == "complete" &&
+        decode_value(trim(t.substr(eq + 1)), &value))
+      complete = value == "1";
+  }
+  free(line);
+  fclose(f);
+  return complete;
+}
+
 int load_path(const std::string &path) {
   struct stat st;
   if (stat(path.c_str(), &st) != 0) return -1;
   if (!S_ISDIR(st.st_mode)) return load_file(path);
+  if (is_capture(path)) {
+    // A capture is a whole gateway: it replaces the state rather than adding to it (where the
+    // tree is saved stays as it was). One that did not finish is refused, state untouched.
+    if (!capture_complete(path)) {
+      fprintf(stderr,
+              "gateway sim: %s: an incomplete capture (bundle_sc-capture stopped before it "
+              "finished): not loaded; capture the gateway again\n",
+              path.c_str());
+      return -1;
+    }
+    std::string save_path = g_world.save_path;
+    reset_locked();
+    g_world.save_path = save_path;
+  }
   DIR *d = opendir(path.c_str());
   if (d == nullptr) return -1;
   std::vector<std::string> names;
@@ -397,6 +526,14 @@ std::string installed_state() {
   struct stat st;
   if (stat(state.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) return "";
   return state;
+}
+
+// Empties the call log (its bound stays).
+void clear_log_locked() {
+  g_world.log.text.clear();
+  g_world.log.counts.clear();
+  g_world.log.calls.clear();
+  g_world.log.dropped = 0;
 }
 
 void reset_locked() {
@@ -510,7 +647,9 @@ void call(const char *fn, const char *argfmt, ...) {
   {
     std::lock_guard<std::recursive_mutex> g(g_mutex);
     ensure_init();
-    if (log_on) append_log(fn, args);
+    if (log_on) {
+      t_pending[t_next_pending++ % kPendingCalls] = PendingCall{append_log(fn, args), fn};
+    }
     if (!g_world.hooks.empty()) {
       auto it = g_world.hooks.find(fn);
       if (it != g_world.hooks.end()) hook = it->second;
@@ -530,11 +669,29 @@ void call(const char *fn, const char *argfmt, ...) {
   t_hook_arguments = outer;
 }
 
+int returns(const char *fn, int rc) {
+  if (!logging()) return rc;
+  // This thread's latest logged call of fn.
+  for (unsigned i = 1; i <= kPendingCalls; ++i) {
+    const PendingCall &p = t_pending[(t_next_pending - i) % kPendingCalls];
+    if (p.fn == nullptr || strcmp(p.fn, fn) != 0) continue;
+    std::lock_guard<std::recursive_mutex> g(g_mutex);
+    std::deque<LoggedCall> &calls = g_world.log.calls;
+    if (!calls.empty() && p.serial >= calls.front().serial && p.serial - calls.front().serial < calls.size()) {
+      LoggedCall &call = calls[p.serial - calls.front().serial];
+      call.rc = rc;
+      call.returned = true;
+    }
+    break;
+  }
+  return rc;
+}
+
 int result(const char *fn, int usual) {
-  if (g_result_count.load() == 0) return usual;
+  if (g_result_count.load() == 0) return returns(fn, usual);
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   auto it = g_world.results.find(fn);
-  return it != g_world.results.end() ? it->second : usual;
+  return returns(fn, it != g_world.results.end() ? it->second : usual);
 }
 
 bool has_result(const char *fn) {
@@ -686,6 +843,7 @@ SIM_EXPORT unsigned long sim_snapshot(void) {
   for (const Section &section : g_snapshot.sections) g_snapshot.by_name[section.name] = &section;
   g_snapshot.save_path = g_world.save_path;
   g_snapshot.removed_nodes = g_world.removed_nodes;
+  g_snapshot.results = g_world.results;
   g_snapshot.clean_generation = g_generation.load();
   return g_snapshot.id;
 }
@@ -698,12 +856,12 @@ SIM_EXPORT int sim_restore(unsigned long id) {
     g_snapshot.clean_generation = g_generation.load();
   }
   g_world.save_path = g_snapshot.save_path;
-  g_world.results.clear();
+  // The results the state programmed ([results] of a captured gateway), no others.
+  if (g_world.results != g_snapshot.results) g_world.results = g_snapshot.results;
   g_world.hooks.clear();
-  g_result_count.store(0);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
   g_hook_count.store(0);
-  g_world.log.text.clear();
-  g_world.log.counts.clear();
+  clear_log_locked();
   g_world.log_copy.clear();
   return 0;
 }
@@ -743,6 +901,38 @@ SIM_EXPORT void sim_program_result(const char *fn, int rc) {
   g_result_count.store(static_cast<int>(g_world.results.size()));
 }
 
+SIM_EXPORT void sim_clear_result(const char *fn) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  g_world.results.erase(fn);
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+}
+
+SIM_EXPORT int sim_platform_function(const char *fn) {
+  int opened = 0;
+  for (const char *soname : {"libbrelo.so.1", "libtcapi.so.1"}) {
+    void *lib = dlopen(soname, RTLD_LAZY | RTLD_NOLOAD);
+    if (lib == nullptr) lib = dlopen(soname, RTLD_LAZY);
+    if (lib == nullptr) continue;
+    ++opened;
+    // Defined by the library itself, not by one it depends on (the simulator's own control).
+    void *sym = dlsym(lib, fn);
+    Dl_info where;
+    struct link_map *map = nullptr;
+    bool found = sym != nullptr && dladdr(sym, &where) != 0 && dlinfo(lib, RTLD_DI_LINKMAP, &map) == 0 &&
+                 map != nullptr && where.dli_fname != nullptr && strcmp(where.dli_fname, map->l_name) == 0;
+    dlclose(lib);
+    if (found) return 1;
+  }
+  return opened == 0 ? -1 : 0;
+}
+
+SIM_EXPORT int sim_section_exists(const char *section) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  return find_section(section) != nullptr ? 1 : 0;
+}
+
 SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   ensure_init();
@@ -761,10 +951,15 @@ SIM_EXPORT const char *sim_log(void) {
   return g_world.log_copy.c_str();
 }
 
+SIM_EXPORT const char *sim_log_results(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  g_world.log_copy = log_with_results(g_world.log);
+  return g_world.log_copy.c_str();
+}
+
 SIM_EXPORT void sim_clear_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
-  g_world.log.text.clear();
-  g_world.log.counts.clear();
+  clear_log_locked();
 }
 
 SIM_EXPORT int sim_log_count(const char *fn) {

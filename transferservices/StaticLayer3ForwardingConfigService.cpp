@@ -11,17 +11,6 @@ namespace {
 // Route ids run from 1 to 16; one unsigned comparison rejects 0 and negative ids too.
 bool route_id_valid(jint route_id) { return static_cast<unsigned int>(route_id) - 1u < 16u; }
 
-// Reads a Java text into a zeroed buffer of N bytes (cut at N - 1 characters) and gives it
-// back at once. False, with the text released, when it cannot be read.
-template <size_t N>
-bool copy_text(JNIEnv *env, jstring s, char (&buf)[N]) {
-  bundle::JavaChars text(env, s);
-  if (text.is_null()) return false;
-  snprintf(buf, N, "%s", text.get());
-  text.release();
-  return true;
-}
-
 }  // namespace
 
 extern "C" {
@@ -29,11 +18,12 @@ extern "C" {
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServiceImp_addLayer3ForwardingStaticJni(
     JNIEnv *env, jobject, jstring jdst, jstring jmask, jstring jgateway, jstring jinterface) {
-  char dst[64] = {}, mask[64] = {}, gateway[64] = {}, ifname[128] = {};
-  // Texts are read in parameter order; the first that cannot be read ends the call (those
-  // read before it are already given back).
-  if (!copy_text(env, jdst, dst) || !copy_text(env, jmask, mask) ||
-      !copy_text(env, jgateway, gateway) || !copy_text(env, jinterface, ifname)) {
+  // Each text reaches the platform in a zero-filled buffer (cut at its size - 1). Texts are
+  // read in parameter order; the first that cannot be read ends the call (those read before
+  // it are already given back).
+  char dst[64], mask[64], gateway[64], ifname[128];
+  if (!bundle::take_text(env, jdst, dst) || !bundle::take_text(env, jmask, mask) ||
+      !bundle::take_text(env, jgateway, gateway) || !bundle::take_text(env, jinterface, ifname)) {
     return BUNDLE_CODE_REPLY(-1);
   }
   int route_id = brelo_routeAddIp4ForwardingStatic(dst, mask, gateway, ifname);
@@ -45,9 +35,9 @@ Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServ
 JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_StaticLayer3ForwardingConfigServiceImp_addIPv6Layer3ForwardingStaticJni(
     JNIEnv *env, jobject, jstring jprefix, jstring jnext_hop, jstring jinterface) {
-  char prefix[128] = {}, next_hop[64] = {}, ifname[128] = {};
-  if (!copy_text(env, jprefix, prefix) || !copy_text(env, jnext_hop, next_hop) ||
-      !copy_text(env, jinterface, ifname)) {
+  char prefix[128], next_hop[64], ifname[128];
+  if (!bundle::take_text(env, jprefix, prefix) || !bundle::take_text(env, jnext_hop, next_hop) ||
+      !bundle::take_text(env, jinterface, ifname)) {
     return BUNDLE_CODE_REPLY(-1);
   }
   int route_id = brelo_routeAddIp6ForwardingStatic(prefix, next_hop, ifname);

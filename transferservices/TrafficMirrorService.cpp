@@ -50,20 +50,10 @@ const char *next_name(const char *name) { return name + strlen(name) + 1; }
 const char kCommitNode[] = "TrafficMirror";
 constexpr int kCommitDelay = 3;
 
+// Node names and tree values are written whole (terminated) before they are read, so the
+// walks over the 255 entries do not zero their buffers.
 void rule_node(char (&node)[kNodeNameSize], int index) {
-  snprintf(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
-}
-
-// Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
-void copy_text(char *dst, size_t size, const char *src) {
-  size_t n = strnlen(src, size - 1);
-  memcpy(dst, src, n);
-  dst[n] = '\0';
-}
-
-template <size_t N>
-void copy_text(char (&dst)[N], const char *src) {
-  copy_text(dst, N, src);
+  bundle::format_text(node, sizeof node, "%s_%s%d", "TrafficMirror", "Entry", index);
 }
 
 // A port ("80"), a negated port ("!80") or a range ("1000-2000"): digits, each number at most
@@ -109,11 +99,57 @@ bool one_of(const char *text, const char *a, const char *b, const char *c) {
   return strcmp(text, a) == 0 || strcmp(text, b) == 0 || strcmp(text, c) == 0;
 }
 
+// The texts of a rule, in the order they are taken and checked.
+enum RuleText { kRemote, kPort, kDirection, kProtocol, kMac, kMirrorIp };
+
+// NULL for an accepted text of kind `kind`, or the trace line that refuses it (its %s is the
+// text). An empty host MAC is accepted as it is.
+const char *refusal(int kind, const char *text) {
+  switch (kind) {
+    case kRemote:
+      return checkIPDomainVaild(text) < 0 ? "IP(Domain) %s is not valid\n" : nullptr;
+    case kPort:
+      return portRangeValidCheck(text) < 0 ? "remotePort %s is not valid\n" : nullptr;
+    case kDirection:
+      return one_of(text, "UP", "DOWN", "ALL") ? nullptr : "direction %s is not valid\n";
+    case kProtocol:
+      return one_of(text, "TCP", "UDP", "TCP/UDP") ? nullptr : "protocol %s is not valid\n";
+    case kMac:
+      if (text[0] == '\0') return nullptr;
+      if (strlen(text) > kMacMaxLength) return "mac len is  too long!\n";  // two blanks, spelled so
+      return macValidCheck(text) < 0 ? "%s is an invalid MAC\n" : nullptr;
+    default:
+      return ipValidCheck(text) < 0 && sc_check_ip6_format(text) < 0 ? "mirror IP %s is not valid\n"
+                                                                       : nullptr;
+  }
+}
+
+// Takes one text of the rule into `out` (`size` bytes): released once copied. A text that
+// cannot be had, or that is refused, fails; a refused text is traced and kept on purpose
+// (never released), as the gateway has always done.
+bool take_rule_text(JNIEnv *env, bundle::TraceName native, jstring s, int kind, char *out,
+                    size_t size) {
+  bundle::JavaChars text(env, s);
+  if (text.is_null()) return false;
+  const char *refused = refusal(kind, text.get());
+  if (refused != nullptr) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // one of refusal()'s own lines
+    bundle::trace_printf(native, __LINE__, refused, text.get());
+#pragma GCC diagnostic pop
+    text.keep();
+    return false;
+  }
+  bundle::copy_padded(out, size, text.get());
+  text.release();
+  return true;
+}
+
 // The first entry whose "mirrorToIP" is empty, or -1.
 int find_free_mirror_entry() {
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
-    char ip[kSlotValueSize] = {};
+    char node[kNodeNameSize];
+    char ip[kSlotValueSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", ip);
     if (ip[0] == '\0') return i;
@@ -122,97 +158,24 @@ int find_free_mirror_entry() {
 }
 
 // The checks and the store of addMirrorRuleJni. Each Java text is released once copied; on a
-// refusal the text being checked is kept (never released), as the gateway has always done.
+// refusal the text being checked is kept (never released), as the gateway has always done. A
+// null remote address or host MAC means none.
 int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstring jport,
                     jstring jdirection, jstring jprotocol, jstring jmac, jstring jmirror_ip,
                     jint mirror_port) {
   char remote[512] = {};
-  char port[64] = {};
-  char direction[64] = {};
-  char protocol[64] = {};
+  char port[64];
+  char direction[64];
+  char protocol[64];
   char mac[64] = {};
-  char mirror_ip[128] = {};
-
-  // A null remote address means none.
-  if (jremote != nullptr) {
-    bundle::JavaChars text(env, jremote);
-    if (text.is_null()) return -1;
-    if (checkIPDomainVaild(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "IP(Domain) %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(remote, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jport);
-    if (text.is_null()) return -1;
-    if (portRangeValidCheck(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "remotePort %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(port, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jdirection);
-    if (text.is_null()) return -1;
-    if (!one_of(text.get(), "UP", "DOWN", "ALL")) {
-      BUNDLE_TRACE_AS(native, "direction %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(direction, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jprotocol);
-    if (text.is_null()) return -1;
-    if (!one_of(text.get(), "TCP", "UDP", "TCP/UDP")) {
-      BUNDLE_TRACE_AS(native, "protocol %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(protocol, text.get());
-    text.release();
-  }
-
-  // A null host MAC means none; an empty one is accepted as it is.
-  if (jmac != nullptr) {
-    bundle::JavaChars text(env, jmac);
-    if (text.is_null()) return -1;
-    if (text.get()[0] != '\0') {
-      if (strlen(text.get()) > kMacMaxLength) {
-        BUNDLE_TRACE_AS(native, "mac len is  too long!\n");  // two blanks, spelled so
-        text.keep();  // kept on purpose: a refused text is not given back
-        return -1;
-      }
-      if (macValidCheck(text.get()) < 0) {
-        BUNDLE_TRACE_AS(native, "%s is an invalid MAC\n", text.get());
-        text.keep();  // kept on purpose: a refused text is not given back
-        return -1;
-      }
-    }
-    copy_text(mac, text.get());
-    text.release();
-  }
-
-  {
-    bundle::JavaChars text(env, jmirror_ip);
-    if (text.is_null()) return -1;
-    if (ipValidCheck(text.get()) < 0 && sc_check_ip6_format(text.get()) < 0) {
-      BUNDLE_TRACE_AS(native, "mirror IP %s is not valid\n", text.get());
-      text.keep();  // kept on purpose: a refused text is not given back
-      return -1;
-    }
-    copy_text(mirror_ip, text.get());
-    text.release();
-  }
+  char mirror_ip[128];
+  if ((jremote != nullptr && !take_rule_text(env, native, jremote, kRemote, remote, sizeof remote)) ||
+      !take_rule_text(env, native, jport, kPort, port, sizeof port) ||
+      !take_rule_text(env, native, jdirection, kDirection, direction, sizeof direction) ||
+      !take_rule_text(env, native, jprotocol, kProtocol, protocol, sizeof protocol) ||
+      (jmac != nullptr && !take_rule_text(env, native, jmac, kMac, mac, sizeof mac)) ||
+      !take_rule_text(env, native, jmirror_ip, kMirrorIp, mirror_ip, sizeof mirror_ip))
+    return -1;
 
   // 1 to 65535, tested as port - 1 < 65535 unsigned.
   if (static_cast<uint32_t>(mirror_port) - 1u >= static_cast<uint32_t>(kMaxPort)) {
@@ -222,12 +185,12 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
 
   traffic_mirror_rule rule;
   memset(&rule, 0, sizeof rule);
-  copy_text(rule.remoteAddress, remote);
-  copy_text(rule.remotePort, port);
-  copy_text(rule.direction, direction);
-  copy_text(rule.protocol, protocol);
-  copy_text(rule.hostMAC, mac);
-  copy_text(rule.mirrorToIP, mirror_ip);
+  bundle::copy_padded(rule.remoteAddress, remote);
+  bundle::copy_padded(rule.remotePort, port);
+  bundle::copy_padded(rule.direction, direction);
+  bundle::copy_padded(rule.protocol, protocol);
+  bundle::copy_padded(rule.hostMAC, mac);
+  bundle::copy_padded(rule.mirrorToIP, mirror_ip);
   rule.mirrorToPort = mirror_port;
   int index = -1;
   if (is_duplicated_traffic_mirror_rule(&rule, &index)) {
@@ -242,8 +205,8 @@ int add_mirror_rule(JNIEnv *env, bundle::TraceName native, jstring jremote, jstr
     return -2;
   }
 
-  char node[kNodeNameSize] = {};
-  char number[64] = {};
+  char node[kNodeNameSize];
+  char number[64];
   rule_node(node, index);
   const char *const values[kRuleTexts] = {remote, port, direction, protocol, mac};
   const char *key = kRuleKeys;
@@ -273,7 +236,7 @@ int is_duplicated_traffic_mirror_rule(const traffic_mirror_rule *rule, int *inde
 
   char value[kRuleValueSize];  // every read leaves a terminated text (empty when absent)
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", value);
     if (value[0] == '\0' || strcmp(value, r.mirrorToIP) != 0) continue;
@@ -307,7 +270,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteMirrorRuleJni(
     JNIEnv *, jobject, jint entryIndex) {
   // The index as given: no range check, no test that the entry exists.
-  char node[kNodeNameSize] = {};
+  char node[kNodeNameSize];
   rule_node(node, entryIndex);
   tcapi_unset(node);
   brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
@@ -318,7 +281,7 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_deleteAllMirrorRuleJni(
     JNIEnv *, jobject) {
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     rule_node(node, i);
     tcapi_unset(node);
   }
@@ -332,16 +295,14 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
     JNIEnv *env, jobject) {
   char *reply = static_cast<char *>(malloc(kRuleListSize));
   if (reply == nullptr) {
-    char failure[128] = {};
-    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return BUNDLE_JSON_REPLY(env, failure);
+    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
   }
   reply[0] = '\0';
   size_t off = 0;
   bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
   for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize] = {};
-    char mirror_ip[kRuleValueSize] = {};
+    char node[kNodeNameSize];
+    char mirror_ip[kRuleValueSize];
     rule_node(node, i);
     bundle::tree_get(node, "mirrorToIP", mirror_ip);
     if (mirror_ip[0] == '\0') continue;

@@ -38,19 +38,14 @@ constexpr int kCommitDelay = 3;
 
 typedef char DestAddress[kDestAddressSize];
 
+// Node names and tree values are always written whole (terminated) before they are read, so
+// their buffers are not zeroed: a query reads up to 1,020 entries per group.
 void group_node(char (&node)[kNodeNameSize], int pvc) {
-  snprintf(node, sizeof node, "TrafficMonitoring_PVC%d", pvc);
+  bundle::format_text(node, sizeof node, "TrafficMonitoring_PVC%d", pvc);
 }
 
 void entry_node(char (&node)[kNodeNameSize], int pvc, int entry) {
-  snprintf(node, sizeof node, "TrafficMonitoring_PVC%d_Entry%d", pvc, entry);
-}
-
-// Bounded copy into a buffer of `size` bytes, cut at size - 1 and terminated.
-void copy_text(char *dst, size_t size, const char *src) {
-  size_t n = strnlen(src, size - 1);
-  memcpy(dst, src, n);
-  dst[n] = '\0';
+  bundle::format_text(node, sizeof node, "TrafficMonitoring_PVC%d_Entry%d", pvc, entry);
 }
 
 // 1 when the first byte of each of the first `count` entries is zero (also for count 0).
@@ -68,9 +63,11 @@ struct MonitorRequest {
   MonitorRequest &operator=(const MonitorRequest &) = delete;
   ~MonitorRequest() { free(dest); }
 
-  DestAddress *dest = nullptr;  // kMaxDestAddresses zeroed entries
+  // kMaxDestAddresses entries; the first `count` are written whole before any is read, the
+  // rest never are.
+  DestAddress *dest = nullptr;
   int count = 0;                // effective count: 0 when every entry is empty
-  char bundle[kBundleNameSize] = {};
+  char bundle[kBundleNameSize];  // written by read_request before it is read
 };
 
 // Reads the addresses (each must be accepted by checkIPDomainVaild or sc_check_ip6_format)
@@ -79,7 +76,7 @@ struct MonitorRequest {
 // Traces under the calling native's name.
 int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundle::TraceName native,
                  MonitorRequest *req) {
-  req->dest = static_cast<DestAddress *>(calloc(kMaxDestAddresses, sizeof(DestAddress)));
+  req->dest = static_cast<DestAddress *>(malloc(kMaxDestAddresses * sizeof(DestAddress)));
   if (req->dest == nullptr) {
     BUNDLE_TRACE_AS(native, "no memory for the destination addresses\n");
     return -1;
@@ -99,14 +96,14 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
       BUNDLE_TRACE_AS(native, "Ip(domain)destAddressList %s is not valid\n", address.get());
       return -1;
     }
-    copy_text(req->dest[i], kDestAddressSize, address.get());
+    bundle::copy_padded(req->dest[i], kDestAddressSize, address.get());
     address.release();
   }
   req->count = check_all_dest_is_null(req->dest, n) ? 0 : n;
 
   bundle::JavaChars bundle(env, bundle_name);
   if (bundle.is_null()) return -1;
-  copy_text(req->bundle, sizeof req->bundle, bundle.get());
+  bundle::copy_padded(req->bundle, bundle.get());
   bundle.release();
   return 0;
 }
@@ -117,14 +114,14 @@ int read_request(JNIEnv *env, jobjectArray addresses, jstring bundle_name, bundl
 // entries in the own group. The outputs are written only when something is found.
 void findMonitorFreeEntry(const char *bundle, int *base, int *pvc, int *entry) {
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (strcmp(owner, bundle) == 0) {
       for (int p = b; p < b + kGroupPvcs; ++p) {
         for (int e = 0; e < kEntriesPerPvc; ++e) {
-          char address[kTreeValueSize] = {};
+          char address[kTreeValueSize];
           entry_node(node, p, e);
           bundle::tree_get(node, "destAddressList", address);
           if (address[0] == '\0') {
@@ -158,8 +155,8 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   // blanked. New addresses are not compared with each other.
   for (int p = base; p <= pvc; ++p) {
     for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize] = {};
-      char stored[kTreeValueSize] = {};
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
       entry_node(node, p, e);
       bundle::tree_get(node, "destAddressList", stored);
       if (stored[0] == '\0') continue;
@@ -175,7 +172,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   int written = 0;
   for (int i = 0; i < req->count; ++i) {
     if (req->dest[i][0] != '\0') {
-      char node[kNodeNameSize] = {};
+      char node[kNodeNameSize];
       entry_node(node, pvc, entry);
       tcapi_set(node, "destAddressList", req->dest[i]);
       ++written;
@@ -186,7 +183,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
   if (written > 0) {
     // Kept on purpose: the name goes on the PVC of the most recent search, which is the group
     // base only while the group's first PVC still has room.
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     group_node(node, pvc);
     tcapi_set(node, "bundleName", req->bundle);
     brelo_tcapi_delay_commit(kCommitNode, kCommitDelay);
@@ -199,8 +196,8 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
 // True when some entry of the PVC holds an address.
 bool pvc_has_address(int pvc) {
   for (int e = 0; e < kEntriesPerPvc; ++e) {
-    char node[kNodeNameSize] = {};
-    char stored[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char stored[kTreeValueSize];
     entry_node(node, pvc, e);
     bundle::tree_get(node, "destAddressList", stored);
     if (stored[0] != '\0') return true;
@@ -211,8 +208,8 @@ bool pvc_has_address(int pvc) {
 int deleteMonitorRuleToEntry(MonitorRequest *req) {
   int base = -1;
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (strcmp(owner, req->bundle) == 0) {
@@ -228,8 +225,8 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
   int deleted = 0;
   for (int p = base; p < base + kGroupPvcs; ++p) {
     for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize] = {};
-      char stored[kTreeValueSize] = {};
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
       entry_node(node, p, e);
       bundle::tree_get(node, "destAddressList", stored);
       if (stored[0] == '\0') continue;
@@ -248,7 +245,7 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
   // the group still hold addresses (which are then no longer listed).
   for (int p = base; p < base + kGroupPvcs; ++p) {
     if (pvc_has_address(p)) continue;
-    char node[kNodeNameSize] = {};
+    char node[kNodeNameSize];
     group_node(node, p);
     tcapi_unset(node);
   }
@@ -298,17 +295,15 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     // Whichever buffer was allocated is given back too.
     free(collection);
     free(reply);
-    char failure[128] = {};
-    snprintf(failure, sizeof failure, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-    return BUNDLE_JSON_REPLY(env, failure);
+    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
   }
   reply[0] = '\0';
   size_t off = 0;
   bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
   for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize] = {};
-    char owner[kTreeValueSize] = {};
+    char node[kNodeNameSize];
+    char owner[kTreeValueSize];
     group_node(node, b);
     bundle::tree_get(node, "bundleName", owner);
     if (owner[0] == '\0') continue;
@@ -323,7 +318,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     size_t coff = 0;
     for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
       for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
-        char address[kQueryValueSize] = {};
+        char address[kQueryValueSize];
         entry_node(node, p, e);
         bundle::tree_get(node, "destAddressList", address);
         if (strNull(address)) continue;

@@ -67,7 +67,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_deleteAllTr
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficQoSServiceImp_getTrafficInfoByFlowJni(
     JNIEnv *env, jobject, jint flowId) {
-  static const char kFlowFailure[] = "{\"Result\":-1,\"List\":[]}";
+  const char *const kFlowFailure = BUNDLE_LIST_FAILURE;
   bundle::Reply<kTrafficListSize> reply;
   FlowTrafficItem *items = nullptr;
   int count = 0;

@@ -8,23 +8,20 @@
 #include "common/native_reply.h"
 #include "common/platform_list.h"
 #include "common/platform_route.h"
+#include "common/text_table.h"
 
 namespace {
 
 const char kFailure[] = "{\"Result\":-1}";
-const char kListHead[] = "{\"Result\":0,\"List\":[";
+const char *const kListHead = BUNDLE_LIST_HEAD;
 const char kListTail[] = "]}";
 
-// LAN interfaces by the platform's 0-based interface number.
-const char *const kLanInterfaceNames[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4", "SSID1",
-                                          "SSID2", "SSID3", "SSID4", "SSID5"};
-constexpr int kLanInterfaceCount = sizeof kLanInterfaceNames / sizeof kLanInterfaceNames[0];
+// LAN interfaces by the platform's 0-based interface number (common/text_table.h).
+const char kLanInterfaceNames[] = "LAN1\0LAN2\0LAN3\0LAN4\0SSID1\0SSID2\0SSID3\0SSID4\0SSID5";
 
 // IPTV service status names by status code (the doubled S is the system's own spelling).
-const char *const kIptvStatusNames[] = {"NO_IPTV_CONNECTION", "IPTV_DISCONNECT",
-                                        "INVALID_MULTIVLAN", "IPTV_BUSSINESS_NOK",
-                                        "IPTV_BUSSINESS_OK"};
-constexpr int kIptvStatusCount = sizeof kIptvStatusNames / sizeof kIptvStatusNames[0];
+const char kIptvStatusNames[] =
+    "NO_IPTV_CONNECTION\0IPTV_DISCONNECT\0INVALID_MULTIVLAN\0IPTV_BUSSINESS_NOK\0IPTV_BUSSINESS_OK";
 
 const char kVlanObject[] = "{\"LanInterface\":\"%s\",\"Bind\":\"%s\"}";
 const char kIp4Object[] =
@@ -52,15 +49,19 @@ static_assert(1 + sizeof kIp6Object + kIndexRoom + sizeof(Ip6RouteRecord::dest_p
 
 // Interface names outside the table read as empty rather than past it.
 const char *lan_interface_name(int32_t lan_if) {
-  return lan_if >= 0 && lan_if < kLanInterfaceCount ? kLanInterfaceNames[lan_if] : "";
+  return bundle::table_text(kLanInterfaceNames, lan_if);
 }
 
-void append_object(char *text, size_t cap, size_t *off, VlanBindRecord *r) {
+// The objects of the three kinds of record, each given as an untyped record so that one list
+// walk serves them all.
+void append_vlan(char *text, size_t cap, size_t *off, void *record) {
+  VlanBindRecord *r = static_cast<VlanBindRecord *>(record);
   bundle::terminate_field(r->bind);
   bundle::reply_append(text, cap, off, kVlanObject, lan_interface_name(r->lan_if), r->bind);
 }
 
-void append_object(char *text, size_t cap, size_t *off, Ip4RouteRecord *r) {
+void append_ip4(char *text, size_t cap, size_t *off, void *record) {
+  Ip4RouteRecord *r = static_cast<Ip4RouteRecord *>(record);
   bundle::terminate_field(r->dest_ip);
   bundle::terminate_field(r->dest_mask);
   bundle::terminate_field(r->gateway_ip);
@@ -69,7 +70,8 @@ void append_object(char *text, size_t cap, size_t *off, Ip4RouteRecord *r) {
                        r->dest_mask, r->gateway_ip, r->interface_name);
 }
 
-void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
+void append_ip6(char *text, size_t cap, size_t *off, void *record) {
+  Ip6RouteRecord *r = static_cast<Ip6RouteRecord *>(record);
   bundle::terminate_field(r->dest_prefix);
   bundle::terminate_field(r->next_hop);
   bundle::terminate_field(r->interface_name);
@@ -80,23 +82,25 @@ void append_object(char *text, size_t cap, size_t *off, Ip6RouteRecord *r) {
 // The reply of the list queries, handed to Java, after which the platform's array is freed.
 // A null array is a failure whatever the platform returned (an empty table the platform
 // allocated nothing for included); so is a non-zero result. The reply goes on the heap, sized
-// for `count` objects; when that cannot be had the query fails.
-template <typename Record>
-jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, int rc, Record *array,
-                   int count) {
+// for `count` objects of `size` bytes each shown by `append`; when that cannot be had the query
+// fails.
+typedef void (*AppendObject)(char *text, size_t cap, size_t *off, void *record);
+jstring list_reply(JNIEnv *env, bundle::TraceName native, int line, int rc, void *array,
+                   int count, size_t size, AppendObject append) {
   char *text = nullptr;
   if (array != nullptr && rc == 0) {
     size_t n = count > 0 ? static_cast<size_t>(count) : 0;
-    size_t fixed = sizeof kListHead + sizeof kListTail;
+    size_t fixed = sizeof BUNDLE_LIST_HEAD + sizeof kListTail;
     if (n <= (SIZE_MAX - fixed) / kObjectRoom) {
       size_t cap = fixed + n * kObjectRoom;
-      text = static_cast<char *>(calloc(1, cap));
+      text = static_cast<char *>(malloc(cap));  // only the text composed into it is read
       if (text != nullptr) {
         size_t off = 0;
+        text[0] = '\0';
         bundle::reply_append(text, cap, &off, "%s", kListHead);
         for (size_t i = 0; i < n; ++i) {
           if (i != 0) bundle::reply_append(text, cap, &off, ",");
-          append_object(text, cap, &off, &array[i]);
+          append(text, cap, &off, static_cast<char *>(array) + i * size);
         }
         bundle::reply_append(text, cap, &off, "%s", kListTail);
       }
@@ -120,7 +124,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getVLANB
   int count = 0;
   int rc = brelo_vlanGetBindInfo(&array, &count);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count, sizeof *array, append_vlan);
 }
 
 JNIEXPORT jstring JNICALL
@@ -130,7 +134,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count, sizeof *array, append_ip4);
 }
 
 JNIEXPORT jstring JNICALL
@@ -140,7 +144,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getLayer
   int count = 0;
   int rc = brelo_routeinfoGetLayer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count, sizeof *array, append_ip4);
 }
 
 JNIEXPORT jstring JNICALL
@@ -150,7 +154,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_STATIC);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count, sizeof *array, append_ip6);
 }
 
 JNIEXPORT jstring JNICALL
@@ -160,7 +164,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPv6L
   int count = 0;
   int rc = brelo_routeinfoGetIp6Layer3ForwardingStaticConfig(&array, &count, ROUTE_TABLE_CURRENT);
   count = bundle::platform_list_count(array, count);
-  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count);
+  return list_reply(env, BUNDLE_NATIVE, __LINE__, rc, array, count, sizeof *array, append_ip6);
 }
 
 // The bare status name, not JSON; a status outside the table gives the empty text.
@@ -169,7 +173,7 @@ Java_com_lumarest_smartgateway_transferservices_TransferQueryServiceImp_getIPTVS
     JNIEnv *env, jobject) {
   bundle::Reply<256> reply;
   int status = brelo_iptvGetStatus();
-  if (status >= 0 && status < kIptvStatusCount) reply.append("%s", kIptvStatusNames[status]);
+  reply.append("%s", bundle::table_text(kIptvStatusNames, status));
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 

@@ -13,7 +13,7 @@
 namespace transfer {
 
 // The reply of a rule query the platform failed, or of a list that could not be allocated.
-constexpr char kRuleListFailure[] = "{\"Result\":-1,\"List\":[]}";
+constexpr const char *kRuleListFailure = BUNDLE_LIST_FAILURE;
 
 // Rule indexes the platform knows: 0 to 255; anything else (negative ones too, read as
 // unsigned) is refused without asking the platform.
@@ -32,7 +32,7 @@ class RuleListText {
   // append(); finish() closes a list.
   RuleListText(int rc, int count) : RuleListText(rc != 0 ? kRuleReplyShare : room_for(count)) {
     listing_ = rc == 0;
-    append("%s", listing_ ? "{\"Result\":0,\"List\":[" : kRuleListFailure);
+    append("%s", listing_ ? BUNDLE_LIST_HEAD : kRuleListFailure);
   }
 
   // Closes the list (nothing to do after a failure reply).

@@ -5,21 +5,20 @@
 #include "common/native.h"
 #include "common/native_reply.h"
 #include "common/platform_voip.h"
+#include "common/text_table.h"
 
 namespace {
 
-// Line status names, indexed by the platform's status code.
-const char *const kLineStatusNames[] = {"SUCCESS",    "IADERROR",   "NOROUTE",
-                                        "NORESPONSE", "ACCOUNTERR", "UNKNOWN"};
-const int kLineStatusCount = static_cast<int>(sizeof kLineStatusNames / sizeof kLineStatusNames[0]);
+// Line status names, indexed by the platform's status code (common/text_table.h).
+const char kLineStatusNames[] = "SUCCESS\0IADERROR\0NOROUTE\0NORESPONSE\0ACCOUNTERR\0UNKNOWN";
 
 // Lines asked even after the reply is full: far more than any gateway's POTS ports.
 constexpr int kLinesAskedWhenFull = 256;
 
 // A code outside the table reads as "UNKNOWN" rather than past its end.
 const char *line_status_name(int32_t code) {
-  return code >= 0 && code < kLineStatusCount ? kLineStatusNames[code]
-                                              : kLineStatusNames[POTS_STATUS_UNKNOWN];
+  const char *name = bundle::table_text(kLineStatusNames, code);
+  return name[0] != '\0' ? name : bundle::table_text(kLineStatusNames, POTS_STATUS_UNKNOWN);
 }
 
 }  // namespace
@@ -46,7 +45,7 @@ Java_com_lumarest_smartgateway_voipservices_VoIPInfoQueryServiceImp_getPOTSInfoJ
     if (list == nullptr) {
       // A line without information is listed with an empty number.
       reply.append("%s{\"POTSIndex\":%d,\"PhoneNumber\":\"%s\",\"LineStatus\":\"%s\"}",
-                   separator, line, "", kLineStatusNames[POTS_STATUS_UNKNOWN]);
+                   separator, line, "", bundle::table_text(kLineStatusNames, POTS_STATUS_UNKNOWN));
       separator = ",";
       continue;
     }

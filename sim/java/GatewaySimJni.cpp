@@ -73,8 +73,24 @@ JNIEXPORT void JNICALL Java_bundlesc_sim_GatewaySim_programResult(JNIEnv *env, j
   sim_program_result(text(env, fn).c_str(), rc);
 }
 
+JNIEXPORT void JNICALL Java_bundlesc_sim_GatewaySim_clearResult(JNIEnv *env, jclass, jstring fn) {
+  sim_clear_result(text(env, fn).c_str());
+}
+
+JNIEXPORT jint JNICALL Java_bundlesc_sim_GatewaySim_platformFunction(JNIEnv *env, jclass, jstring fn) {
+  return sim_platform_function(text(env, fn).c_str());
+}
+
+JNIEXPORT jboolean JNICALL Java_bundlesc_sim_GatewaySim_hasSection(JNIEnv *env, jclass, jstring section) {
+  return sim_section_exists(text(env, section).c_str()) != 0 ? JNI_TRUE : JNI_FALSE;
+}
+
 JNIEXPORT jbyteArray JNICALL Java_bundlesc_sim_GatewaySim_logBytes(JNIEnv *env, jclass) {
   return to_bytes(env, sim_log());
+}
+
+JNIEXPORT jbyteArray JNICALL Java_bundlesc_sim_GatewaySim_logResultsBytes(JNIEnv *env, jclass) {
+  return to_bytes(env, sim_log_results());
 }
 
 JNIEXPORT void JNICALL Java_bundlesc_sim_GatewaySim_clearLog(JNIEnv *, jclass) { sim_clear_log(); }

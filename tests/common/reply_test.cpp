@@ -1,17 +1,21 @@
 // The reply builder and the conversion of reply texts into Java strings.
 #include "common/reply.h"
 
+#include <limits.h>
+#include <new>
+#include <stdio.h>
 #include <string.h>
 
 #include <string>
 
+#include "common/hardened.h"
 #include "tests/test_support.h"
 
 namespace {
 
 using testsupport::BridgeTest;
 
-TEST(Reply, StartsZeroedAndAppendsWherePreviousPieceEnded) {
+TEST(Reply, StartsEmptyAndAppendsWherePreviousPieceEnded) {
   bundle::Reply<64> r;
   EXPECT_STREQ(r.c_str(), "");
   EXPECT_EQ(r.append("{\"Result\":%d,", 0), 12);
@@ -52,6 +56,85 @@ TEST(Reply, PieceThatCrossesTheEndIsCutAndTheOffsetCountsItWhole) {
   EXPECT_STREQ(r.c_str(), "abcde");
   EXPECT_EQ(r.offset(), 8u);
 }
+
+TEST(Reply, WritesOnlyItsTextAndTerminator) {
+  // Pieces write their text and one terminator, nothing more: a 64 KiB host list is not
+  // written in full for a reply of a few hundred bytes.
+  bundle::Reply<16> r;
+  EXPECT_STREQ(r.c_str(), "");
+  char *raw = const_cast<char *>(r.c_str());
+  memset(raw + 1, 'Q', 15);  // what an earlier use of the memory left there
+  r.append("%s", "ab");
+  r.append("%d", 7);
+  EXPECT_STREQ(r.c_str(), "ab7");
+  for (size_t i = 4; i < 16; ++i) EXPECT_EQ(r.c_str()[i], 'Q') << i;
+}
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+// reply_append gives the bytes and the result snprintf gives, at every capacity from 0 to past
+// the whole text, and never writes past the capacity. A capacity of one byte has room for the
+// terminator alone, which the buffer already holds: nothing is written there.
+template <typename... Args>
+void same_as_snprintf(const char *fmt, Args... args) {
+  SCOPED_TRACE(fmt);
+  int whole = snprintf(nullptr, 0, fmt, args...);  // -1 for a format it refuses
+  size_t last = whole >= 0 ? static_cast<size_t>(whole) + 2 : 8;
+  for (size_t cap = 0; cap <= last; ++cap) {
+    char want[128], got[128];
+    memset(want, 'Z', sizeof want);
+    memset(got, 'Z', sizeof got);
+    ASSERT_LT(cap, sizeof want);
+    int n = snprintf(cap > 1 ? want : nullptr, cap > 1 ? cap : 0, fmt, args...);
+    size_t off = 0;
+    EXPECT_EQ(bundle::reply_append(got, cap, &off, fmt, args...), n) << "cap " << cap;
+    EXPECT_EQ(std::string(got, sizeof got), std::string(want, sizeof want)) << "cap " << cap;
+    EXPECT_EQ(off, static_cast<size_t>(n > 0 ? n : 0)) << "cap " << cap;
+  }
+}
+
+TEST(Reply, ComposesEveryPieceAsSnprintfDoes) {
+  // Texts: plain, empty, NULL (vsnprintf's own "(null)"), cut by a precision.
+  same_as_snprintf("%s", "abc");
+  same_as_snprintf("a%sb", "");
+  same_as_snprintf("<%s>", static_cast<const char *>(nullptr));
+  same_as_snprintf("%.3s|%.32s|%.0s", "abcdef", "short", "x");
+  same_as_snprintf("%.*s|%.*s|%.*s", 3, "abcdef", -1, "whole", 0, "x");
+  same_as_snprintf("%.*d|%.*s", 4, 7, 2, "ab");
+  same_as_snprintf("{\"Name\":\"%s\",\"Vendor\":\"%s\"}", "OSGI", "Apache Felix");
+  // Numbers of every length, at their ends, 64-bit ones written without a 64-bit division.
+  same_as_snprintf("%d %d %d %i", INT_MIN, INT_MAX, 0, -42);
+  same_as_snprintf("%u %u", 0u, UINT_MAX);
+  same_as_snprintf("%ld %lu", LONG_MIN, ULONG_MAX);
+  same_as_snprintf("%lld %llu %llu", LLONG_MIN, ULLONG_MAX, 4294967295ull);
+  same_as_snprintf("%lld %llu %lld", -4294967295LL, 5000000000ull, -4294967296LL);
+  same_as_snprintf("{\"UsStats\":%llu ,\"DsStats\":%llu}", 0ull, 12345678901ull);
+  same_as_snprintf("%llu %llu %lld %llu", 10000000000000000000ull, 65536ull, -281474976710656LL,
+                   4294967296ull);
+  // Characters (a NUL one too), percent signs.
+  same_as_snprintf("x%cy", 'c');
+  same_as_snprintf("x%cy", 0);
+  same_as_snprintf("100%% %%%s%%", "q");
+  // Conversions the composer hands to vsnprintf whole, after pieces it wrote itself.
+  same_as_snprintf("%s %02X:%02x", "mac", 10, 255);
+  same_as_snprintf("%d|%5d|%-4s|%+d", 1, 3, "ab", 4);
+  same_as_snprintf("%s%hhd%s", "a", 300, "b");
+  same_as_snprintf("%.2d %x %o", 5, 255u, 8u);
+  std::string lone = "end %";  // not a literal: the compiler would refuse it
+  if (!bundle::hardened_profile()) {
+    same_as_snprintf(lone.c_str());  // vsnprintf refuses it: -1, nothing counted
+  } else {
+    // The hardened profile's escaping composer keeps what precedes a lone '%' and stops there.
+    char got[16];
+    size_t off = 0;
+    EXPECT_EQ(bundle::reply_append(got, sizeof got, &off, lone.c_str()), 4);
+    EXPECT_STREQ(got, "end ");
+    EXPECT_EQ(off, 4u);
+  }
+  same_as_snprintf("");
+}
+#pragma GCC diagnostic pop
 
 TEST(PlatformText, IsZeroedAndTerminatedAtItsLastByte) {
   bundle::PlatformText<4> t;
@@ -122,6 +205,21 @@ TEST(ModifiedUtf8, IllFormedBytesBecomeReplacementCharacters) {
   // Same length in and out, but still repaired.
   EXPECT_EQ(convert("\xF0\x9F\x98" "a", &unchanged), fffd + "a");
   EXPECT_FALSE(unchanged);
+}
+
+TEST(ModifiedUtf8, LongAsciiRunsBeforeOtherBytesAreMeasuredExactly) {
+  // The ASCII part is passed a word at a time: whatever follows it, at every alignment.
+  const std::string fffd = "\xEF\xBF\xBD";
+  for (size_t k = 0; k < 40; ++k) {
+    std::string run(k, 'a');
+    bool unchanged = false;
+    EXPECT_EQ(convert(run + "\xC3\xA9z", &unchanged), run + "\xC3\xA9z") << k;
+    EXPECT_TRUE(unchanged) << k;
+    EXPECT_EQ(convert(run + "\xC3z" + run, &unchanged), run + fffd + "z" + run) << k;
+    EXPECT_FALSE(unchanged) << k;
+    EXPECT_EQ(convert(run, &unchanged), run) << k;
+    EXPECT_TRUE(unchanged) << k;
+  }
 }
 
 class NewReplyString : public BridgeTest {};

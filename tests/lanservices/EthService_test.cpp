@@ -119,6 +119,16 @@ TEST_F(EthService, TextSettersPassTheTextAndReturnThePlatformResult) {
   EXPECT_STREQ(sim_get("eth 1", "duplex"), "Half");
 }
 
+TEST_F(EthService, TextSettersTraceTheirResultUnderTheirOwnName) {
+  FlagFile flag(TRACE_FLAG_PATH, true);
+  CaptureStdout out;
+  CONFIG(setLANEthernetDuplexModeJni)(env(), self(), 1, jvm().str("half"));
+  CONFIG(setLANEthernetMaxBitRateJni)(env(), self(), 1, jvm().str("100"));
+  std::string d = kC + "setLANEthernetDuplexModeJni", m = kC + "setLANEthernetMaxBitRateJni";
+  EXPECT_EQ(mask_line_numbers(out.finish()),
+            d + ":N:" + d + ":  ret =-1  \n" + m + ":N:" + m + ":  ret =0  \n");
+}
+
 TEST_F(EthService, TextIsReleasedBeforeThePlatformCall) {
   struct Check {
     static void hook(const char *, void *ctx) {

@@ -173,4 +173,21 @@ TEST_F(SimSnapshot, RestoreBringsBackTheRemovedNodes) {
   EXPECT_EQ(saved.find("[tcapi Node_Entry2]"), std::string::npos) << saved;
 }
 
+// A result programmed before the snapshot (as a captured gateway's [results] section does) is
+// programmed again after a restore; one programmed since is forgotten. The log's returns go too.
+TEST_F(SimSnapshot, RestoreKeepsTheResultsOfTheSnapshot) {
+  sim_program_result("tcapi_save", -5);
+  unsigned long id = sim_snapshot();
+  sim_program_result("tcapi_set", -3);
+  sim_program_result("tcapi_save", -7);
+  EXPECT_EQ(tcapi_save(), -7);
+  EXPECT_EQ(sim_restore(id), 0);
+  EXPECT_EQ(tcapi_save(), -5);
+  EXPECT_EQ(tcapi_set("Node_Entry0", "Attr", "kept"), 0);
+  sim_clear_log();
+  tcapi_save();
+  EXPECT_EQ(sim_restore(id), 0);
+  EXPECT_STREQ(sim_log_results(), "");
+}
+
 }  // namespace sim_snapshot_test

@@ -2,14 +2,18 @@
 // the configuration tree with its persistence.
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 #include <unistd.h>
 
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "common/platform_forward.h"
+#include "common/platform_route.h"
 #include "common/platform_tcapi.h"
 #include "sim/sim.h"
+#include "common/platform_vpn.h"
 #include "sim/sim_control.h"
 #include "tests/test_support.h"
 
@@ -214,6 +218,119 @@ TEST_F(Simulator, ProgrammedResultsReplaceTheUsualOnes) {
   sim_program_result("tcapi_set", -3);
   EXPECT_EQ(tcapi_set("N", "a", "b"), -3);
   EXPECT_STREQ(sim_get("tcapi N", "a"), "b");
+}
+
+TEST_F(Simulator, AProgrammedResultIsCleared) {
+  sim_program_result("tcapi_set", -3);
+  sim_clear_result("tcapi_set");
+  EXPECT_EQ(tcapi_set("N", "a", "b"), 0);
+  sim_clear_result("tcapi_get");  // never programmed: nothing to clear
+  char buf[8];
+  EXPECT_EQ(tcapi_get("N", "a", buf), 0);
+}
+
+TEST_F(Simulator, TheLogWithReturnCodes) {
+  sim_clear_log();
+  tcapi_set("N", "a", "two\nlines");
+  char buf[32];
+  tcapi_get("N", "missing", buf);
+  sim_program_result("tcapi_get", 7);
+  tcapi_get("N", "a", buf);
+  EXPECT_EQ(log(),
+            "tcapi_set(\"N\", \"a\", \"two\nlines\")\n"
+            "tcapi_get(\"N\", \"missing\")\n"
+            "tcapi_get(\"N\", \"a\")\n")
+      << "the log's own lines stay as they are";
+  EXPECT_STREQ(sim_log_results(),
+               "tcapi_set(\"N\", \"a\", \"two\nlines\") -> 0\n"
+               "tcapi_get(\"N\", \"missing\") -> -1\n"
+               "tcapi_get(\"N\", \"a\") -> 7\n");
+  sim_clear_log();
+  EXPECT_STREQ(sim_log_results(), "");
+}
+
+TEST_F(Simulator, ReturnCodesStayWithTheirCallsWhenOldLinesAreDropped) {
+  sim_set("tcapi N", "a", "v");
+  sim_clear_log();
+  sim_set_log_limit(200);
+  char buf[32];
+  for (int i = 0; i < 40; ++i) tcapi_get(i % 2 == 0 ? "Missing" : "N", "a", buf);
+  sim_set_log_limit(0);
+  std::string lines = sim_log_results();
+  ASSERT_FALSE(lines.empty());
+  size_t start = 0, count = 0;
+  while (start < lines.size()) {
+    size_t end = lines.find('\n', start);
+    std::string line = lines.substr(start, end - start);
+    bool missing = line.find("Missing") != std::string::npos;
+    std::string want = missing ? " -> -1" : " -> 0";
+    ASSERT_GT(line.size(), want.size());
+    EXPECT_EQ(line.substr(line.size() - want.size()), want) << line;
+    start = end + 1;
+    ++count;
+  }
+  EXPECT_LT(count, 40u);
+}
+
+TEST_F(Simulator, FunctionsThatAnswerWithoutAProgrammedResultRecordTheirReturnCodes) {
+  sim_load_default();
+  sim_clear_log();
+  char none[] = "203.0.113.9";
+  char empty[] = "";
+  char user[] = "u";
+  EXPECT_EQ(brelo_deleteForwardRule(999), -1);
+  EXPECT_EQ(brelo_deleteHTTPTrafficProcessRule(999), -1);
+  EXPECT_EQ(brelo_routeAddIp4ForwardingStatic("x", "255.255.255.0", "", "ppp0"), -1);
+  EXPECT_EQ(brelo_routeAddIp6ForwardingStatic("x", "", "ppp0"), -1);
+  EXPECT_EQ(brelo_routeDeleteIp4ForwardingStatic(99), -1);
+  EXPECT_EQ(brelo_routeDeleteIp6ForwardingStatic(99), -1);
+  EXPECT_EQ(brelo_setVLANBind("nothing", "100/10"), -1);
+  EXPECT_EQ(brelo_clearVLANBind("nothing"), -1);
+  EXPECT_EQ(brelo_vpnOn(empty, user, user), -1);
+  EXPECT_EQ(brelo_vpnOff(none), -1);
+  EXPECT_EQ(brelo_getConnectedIpList(nullptr, 0), -1);
+  int id4 = brelo_routeAddIp4ForwardingStatic("198.51.100.0", "255.255.255.0", "", "ppp0");
+  int id6 = brelo_routeAddIp6ForwardingStatic("2001:db8::/64", "", "ppp0");
+  ASSERT_GT(id4, 0);
+  ASSERT_GT(id6, 0);
+  EXPECT_EQ(brelo_routeDeleteIp4ForwardingStatic(id4), 0);
+  EXPECT_EQ(brelo_routeDeleteIp6ForwardingStatic(id6), 0);
+  EXPECT_EQ(brelo_setVLANBind("LAN1", "100/10"), 0);
+  EXPECT_EQ(brelo_clearVLANBind("LAN1"), 0);
+  EXPECT_EQ(brelo_vpnOn(none, user, user), 0);
+  EXPECT_EQ(brelo_vpnOff(none), 0);
+  std::string lines = sim_log_results();
+  const char *expected[] = {" -> -1", " -> -1", " -> -1", " -> -1", " -> -1", " -> -1", " -> -1",
+                            " -> -1", " -> -1", " -> -1", " -> -1"};
+  size_t start = 0;
+  for (const char *rc : expected) {
+    size_t end = lines.find('\n', start);
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_EQ(lines.substr(end - strlen(rc), strlen(rc)), rc) << lines.substr(start, end - start);
+    start = end + 1;
+  }
+  EXPECT_NE(lines.find(") -> " + std::to_string(id4) + "\n"), std::string::npos) << lines;
+  EXPECT_NE(lines.find("brelo_routeDeleteIp6ForwardingStatic(" + std::to_string(id6) + ") -> 0\n"),
+            std::string::npos)
+      << lines;
+  EXPECT_NE(lines.find("brelo_clearVLANBind(\"LAN1\") -> 0\n"), std::string::npos) << lines;
+  EXPECT_NE(lines.find("brelo_vpnOff(\"203.0.113.9\") -> 0\n"), std::string::npos) << lines;
+}
+
+TEST_F(Simulator, PlatformFunctionsAreKnownByName) {
+  EXPECT_EQ(sim_platform_function("tcapi_get"), 1);
+  EXPECT_EQ(sim_platform_function("brelo_deviceGetMac"), 1);
+  EXPECT_EQ(sim_platform_function("brelo_deviceGetMak"), 0);
+  EXPECT_EQ(sim_platform_function("sim_reset"), 0) << "the simulator's control is no platform function";
+}
+
+TEST_F(Simulator, SectionsAreFoundByName) {
+  sim_set("wlan ssid 9", "name", "x");
+  EXPECT_EQ(sim_section_exists("wlan ssid 9"), 1);
+  sim_unset("wlan ssid 9", "name");
+  EXPECT_EQ(sim_section_exists("wlan ssid 9"), 1) << "a section without values is still there";
+  sim_unset("wlan ssid 9", nullptr);
+  EXPECT_EQ(sim_section_exists("wlan ssid 9"), 0);
 }
 
 int g_hook_calls = 0;

@@ -22,7 +22,7 @@
 //    in the repository. Names of build outputs and of other projects' files (NOT_IN_REPOSITORY)
 //    are never checked, with or without a folder before them.
 //  - Tests: a whole code span that starts with a tier prefix and a dot (host. asan. mips.
-//    hardened. jvm. osgi. reference. replies. docs. fuzz.), and does not end in a source
+//    hardened. jvm. osgi. reference. replies. docs. fuzz. capture.), and does not end in a source
 //    extension (hardened.h is a file), must name at least one test of
 //    `ctest -N` in the build directory ('*' and <placeholders> are wildcards: host.<Suite>,
 //    osgi.box-*); the OSGi framework's own namespaces (osgi.ee, osgi.wiring.package, ...)
@@ -56,9 +56,10 @@ public class DocsPaths {
     // files of other projects.
     static final Set<String> NOT_IN_REPOSITORY = Set.of(
             "library-size.txt", "frame-sizes.txt", "service-classes.txt", "tcapi-saved.ini",
-            "tiers.cmake", "config.properties", "cmake.mk", "local.mk", "jni.h");
+            "tiers.cmake", "config.properties", "cmake.mk", "local.mk", "jni.h",
+            "capture.ini", "results.ini", "capture-size.txt");
     static final List<String> TIERS = List.of("host", "asan", "mips", "hardened", "jvm", "osgi",
-            "reference", "replies", "docs", "fuzz");
+            "reference", "replies", "docs", "fuzz", "capture");
     static final Pattern OSGI_NAMESPACE =
             Pattern.compile("osgi\\.(ee|wiring\\..*|identity|native|service|extender|contract|content)");
     static final Pattern TEST_NAME = Pattern.compile("(" + String.join("|", TIERS) + ")\\.[A-Za-z0-9_*<>.\\-]+");

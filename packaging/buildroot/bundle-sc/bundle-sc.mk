@@ -26,11 +26,18 @@ BUNDLE_SC_CONF_OPTS = \
 
 # Staging gets the whole install (for packages that link the library); the target gets the
 # gateway's files, what `cmake --install` produces for the gateway
-# (packaging/install-manifest-gateway.txt).
+# (packaging/install-manifest-gateway.txt): the runtime component, and the capture component
+# when its option is set.
 BUNDLE_SC_INSTALL_STAGING = YES
 BUNDLE_SC_INSTALL_TARGET = YES
 BUNDLE_SC_TARGET_FILES = \
 	usr/lib/libbundle_sc.so
+# The capture component, with BR2_PACKAGE_BUNDLE_SC_CAPTURE.
+BUNDLE_SC_CAPTURE_TARGET_FILES = \
+	usr/bin/bundle_sc-capture
+ifeq ($(BR2_PACKAGE_BUNDLE_SC_CAPTURE),y)
+BUNDLE_SC_TARGET_FILES += $(BUNDLE_SC_CAPTURE_TARGET_FILES)
+endif
 
 define BUNDLE_SC_INSTALL_TARGET_CMDS
 	$(foreach f,$(BUNDLE_SC_TARGET_FILES),\

@@ -26,8 +26,10 @@ import java.util.regex.Pattern;
  * loaded afresh before every batch of calls), each with the arguments that leave the gateway as
  * it was (the setters get the values the default gateway
  * already holds, or targets that do not exist; the calls that have no harmless form are
- * refused by the simulated gateway). Its floor is a bare native (libbundle_floor.so) that makes
- * as many debug-flag checks as the native made in one call and answers the same text or int.
+ * refused by the simulated gateway). Its floor is a bare native (libbundle_floor.so) that reads
+ * the same Java arguments (texts borrowed and given back, byte arrays pinned and released),
+ * makes as many flag-file checks as the native made in one call and answers the same text or
+ * int.
  *
  * After a warm-up, every round times a batch of calls of each native and a batch of its floor,
  * one after the other (the order swapped from round to round); the figures are the medians of
@@ -43,8 +45,16 @@ import java.util.regex.Pattern;
  * Time is the calling thread's CPU time by default (--clock cpu): on a shared machine the
  * time a batch spends waiting for a core is not the bridge's; --clock wall takes System.nanoTime.
  *
+ * The platform is the simulated gateway by default (--platform sim): its lock and lookups are
+ * part of every native's time. With --platform prepared (libbundle_prepared.so preloaded in
+ * front of the simulator) each native's platform calls are recorded from the simulator once,
+ * before the timed loop, and answered from that record during it, so the time is the bridge's
+ * own and the prepared platform's copying of the answers; a native whose replayed reply differs
+ * from the simulator's is a problem.
+ *
  * Options: --rounds N (31), --warmup-ms N per native (40), --batch-ms N per batch (3),
- * --min-calls N per warm-up (20), --only REGEX (Class.method), --smoke (tiny counts; runs even
+ * --min-calls N per warm-up (20), --only REGEX (Class.method), --platform sim|prepared (sim),
+ * --smoke (tiny counts; runs even
  * when the flag file exists, for the ctest smoke entry: figures are then meaningless), --expect N
  * (fail unless exactly N natives got a row), --out FILE (the table goes there instead of to
  * standard output, which a native or two print to).
@@ -103,6 +113,7 @@ public final class BridgeBench {
     private int expect = -1;
     private String out;
     private boolean cpuClock = true;
+    private boolean prepared;
     private final java.lang.management.ThreadMXBean threads =
             java.lang.management.ManagementFactory.getThreadMXBean();
     private final List<String> problems = new ArrayList<String>();
@@ -142,13 +153,21 @@ public final class BridgeBench {
                     return false;
                 }
                 cpuClock = clock.equals("cpu");
+            } else if (a.equals("--platform") && hasValue) {
+                String platform = argv[++i];
+                if (!platform.equals("sim") && !platform.equals("prepared")) {
+                    System.err.println("--platform sim or --platform prepared");
+                    return false;
+                }
+                prepared = platform.equals("prepared");
             } else if (a.equals("--out") && hasValue) {
                 out = argv[++i];
             } else if (a.equals("--only") && hasValue) {
                 only = Pattern.compile(argv[++i]);
             } else {
                 System.err.println("usage: BridgeBench [--rounds N] [--warmup-ms N] [--batch-ms N]"
-                        + " [--min-calls N] [--only REGEX] [--clock cpu|wall] [--expect N]"
+                        + " [--min-calls N] [--only REGEX] [--clock cpu|wall]"
+                        + " [--platform sim|prepared] [--expect N]"
                         + " [--out FILE] [--smoke]");
                 return false;
             }
@@ -168,6 +187,12 @@ public final class BridgeBench {
         if (!Floor.interposed()) {
             System.err.println("libbundle_floor.so is not preloaded: run with"
                     + " LD_PRELOAD=<build>/lib/libbundle_floor.so (bench/run-jvm-bench.sh does)");
+            return 2;
+        }
+        if (prepared && !Prepared.interposed()) {
+            System.err.println("libbundle_prepared.so is not preloaded: run with"
+                    + " LD_PRELOAD=<build>/lib/libbundle_prepared.so (bench/run-jvm-bench.sh"
+                    + " --platform prepared does)");
             return 2;
         }
         List<Bench> benches = natives();
@@ -203,6 +228,9 @@ public final class BridgeBench {
         if (!smoke && new File(FLAG).exists()) {
             System.err.println(FLAG + " appeared during the run: the figures are void");
             return 2;
+        }
+        if (prepared && Prepared.misses() > 0) {
+            problems.add(Prepared.misses() + " platform calls were not the recorded ones");
         }
         for (Bench b : benches) {
             if (Double.isNaN(b.ratio())) {
@@ -258,19 +286,34 @@ public final class BridgeBench {
     }
 
     /**
-     * One call to learn what the native answers, how many debug-flag checks and platform calls
+     * One call to learn what the native answers, how many flag-file checks and platform calls
      * it makes; then the floor is given the same answer and the same number of checks.
      */
     private void prepare(Bench b) throws ReflectiveOperationException {
         gateway();
         call(b);  // loads the library and settles anything a first call does
         GatewaySim.clearLog();
+        Object recorded = null;
+        if (prepared) {
+            gateway();
+            Prepared.record(b.slot);
+            recorded = call(b);
+            Prepared.replay(b.slot);
+        }
         long before = Floor.flagChecks();
         Object reply = call(b);
         b.checks = (int) (Floor.flagChecks() - before);
         String log = GatewaySim.log();
         b.platformCalls = log.isEmpty() ? 0 : log.split("\n").length;
         GatewaySim.clearLog();
+        if (prepared) {
+            Prepared.off();
+            b.platformCalls = Prepared.calls(b.slot);
+            if (!java.util.Objects.equals(recorded, reply)) {
+                problems.add(b.name() + ": the prepared platform's reply differs from the"
+                        + " simulator's: " + reply + " instead of " + recorded);
+            }
+        }
         Class<?> returns = b.method.getReturnType();
         boolean prepared;
         if (returns == String.class) {
@@ -278,22 +321,22 @@ public final class BridgeBench {
             b.returns = "text";
             b.replyBytes = text == null ? 0 : text.getBytes(StandardCharsets.UTF_8).length;
             prepared = Floor.prepareText(b.slot, text, b.checks);
-            b.floor = Floor.class.getMethod("floorText", int.class);
+            b.floor = Floor.class.getMethod("floorText", int.class, Object[].class);
         } else if (returns == int.class) {
             b.returns = "int";
             prepared = Floor.prepareInt(b.slot, reply == null ? 0 : (Integer) reply, b.checks);
-            b.floor = Floor.class.getMethod("floorInt", int.class);
+            b.floor = Floor.class.getMethod("floorInt", int.class, Object[].class);
         } else if (returns == boolean.class) {
             b.returns = "boolean";
             prepared = Floor.prepareInt(b.slot, Boolean.TRUE.equals(reply) ? 1 : 0, b.checks);
-            b.floor = Floor.class.getMethod("floorBoolean", int.class);
+            b.floor = Floor.class.getMethod("floorBoolean", int.class, Object[].class);
         } else {
             throw new IllegalArgumentException(b.method + ": return type " + returns);
         }
         if (!prepared) {
             problems.add(b.name() + ": the floor could not keep its answer");
         }
-        b.floorArgs = new Object[] {b.slot};
+        b.floorArgs = new Object[] {b.slot, b.args};
     }
 
     private long clock() {
@@ -305,12 +348,18 @@ public final class BridgeBench {
         // by design (every usbOpenJni issues a new handle), and a state that grows from batch
         // to batch would slow every later native down.
         gateway();
+        if (prepared) {
+            Prepared.replay(b.slot);
+        }
         long checks = Floor.flagChecks();
         long start = clock();
         for (int i = 0; i < calls; i++) {
             call(b);
         }
         long elapsed = clock() - start;
+        if (prepared) {
+            Prepared.off();
+        }
         b.checksTimed += Floor.flagChecks() - checks;
         b.callsTimed += calls;
         return elapsed;
@@ -385,13 +434,14 @@ public final class BridgeBench {
     private void print(List<Bench> benches, double seconds, PrintStream o) {
         List<Bench> sorted = new ArrayList<Bench>(benches);
         sorted.sort((a, b) -> Double.compare(b.ratio(), a.ratio()));
-        boolean logged = false;
+        boolean logged = prepared;
         for (Bench b : benches) {
             logged |= b.platformCalls > 0;
         }
-        o.printf(Locale.ROOT, "Java %s (%s), %d natives, %d rounds, %s time, %.1f s,"
+        o.printf(Locale.ROOT, "Java %s (%s), %s, %d natives, %d rounds, %s time, %.1f s,"
                         + " load average at the end %s%n%n",
                 System.getProperty("java.version"), System.getProperty("java.vm.name"),
+                prepared ? "prepared platform" : "simulated gateway",
                 benches.size(), rounds, cpuClock ? "thread CPU" : "wall", seconds, loadAverage());
         o.println("| # | native | answers | flag checks | platform calls | reply bytes"
                 + " | calls/batch | native ns | floor ns | ratio | excess ns |");
@@ -404,14 +454,14 @@ public final class BridgeBench {
             if (b.callsTimed > 0 && b.checksTimed != (long) b.checks * b.callsTimed) {
                 checks += String.format(Locale.ROOT, " (%.1f)", (double) b.checksTimed / b.callsTimed);
             }
-            o.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.1f | %s |%n",
+            o.printf(Locale.ROOT, "| %d | %s | %s | %s | %s | %s | %d | %s | %s | %.2f | %s |%n",
                     ++rank, b.name(), b.returns, checks,
                     logged ? Integer.toString(b.platformCalls) : "-",
                     b.returns.equals("text") ? grouped(b.replyBytes) : "-", b.batch,
                     grouped(b.nativeMedian), grouped(b.floorMedian), b.ratio(),
                     grouped(b.nativeMedian - b.floorMedian));
         }
-        o.printf(Locale.ROOT, "%nmedian ratio %.1f; rows: %d of %d natives%n",
+        o.printf(Locale.ROOT, "%nmedian ratio %.2f; rows: %d of %d natives%n",
                 median(ratios), rank, benches.size());
     }
 }

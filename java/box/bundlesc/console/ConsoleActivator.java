@@ -4,15 +4,21 @@ import java.util.ArrayList;
 import java.util.Hashtable;
 import java.util.List;
 
+import java.io.IOException;
+
+import org.osgi.framework.Bundle;
 import org.osgi.framework.BundleActivator;
 import org.osgi.framework.BundleContext;
 import org.osgi.framework.ServiceRegistration;
+import org.osgi.framework.hooks.resolver.ResolverHookFactory;
+
+import bundlesc.sdk.BundleCheck;
 
 /**
  * Registers the shell commands as command services of the framework's shell: an object of
  * any class, found by the service properties osgi.command.scope and osgi.command.function.
  * The simulator commands are registered only where the simulator bundle is there (never on
- * the gateway).
+ * the gateway), and there bundles installed later are checked against the gateway.
  */
 public final class ConsoleActivator implements BundleActivator {
 
@@ -27,6 +33,24 @@ public final class ConsoleActivator implements BundleActivator {
             return; // no simulator bundle: the bridge runs against the real platform
         }
         register(context, new SimCommands(), SimCommands.SCOPE, SimCommands.FUNCTIONS);
+        guardBundles(context);
+    }
+
+    /**
+     * The box only: bundles installed from now on are checked against the gateway as they are
+     * resolved (BoxBundleGuard).
+     */
+    private void guardBundles(BundleContext context) {
+        long next = 0;
+        for (Bundle b : context.getBundles()) {
+            next = Math.max(next, b.getBundleId() + 1);
+        }
+        try {
+            registrations.add(context.registerService(ResolverHookFactory.class,
+                    new BoxBundleGuard(BundleCheck.forGateway(), next), null));
+        } catch (IOException e) {
+            System.err.println("gateway-box: bundles are not checked against the gateway: " + e.getMessage());
+        }
     }
 
     private void register(BundleContext context, Object commands, String scope, String[] functions) {

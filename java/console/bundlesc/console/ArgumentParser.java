@@ -4,6 +4,8 @@ import java.io.IOException;
 import java.io.StringReader;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 
 import com.google.gson.GsonBuilder;
 import com.google.gson.stream.JsonReader;
@@ -271,10 +273,29 @@ final class ArgumentParser {
             }
             closeArray(reader);
         } catch (IOException | RuntimeException e) {
-            throw new ArgumentException(where + ": invalid JSON array of strings: " + e.getMessage()
+            throw new ArgumentException(where + ": invalid JSON array of strings: " + jsonFault(e)
                     + " (expected e.g. [\"a\",\"b\"] or null)");
         }
         return values.toArray(new String[0]);
+    }
+
+    private static final Pattern GSON_FAULT =
+            Pattern.compile("^(.*?) at line ([0-9]+) column ([0-9]+)(?: path .*)?$", Pattern.DOTALL);
+
+    /**
+     * What went wrong in a JSON argument, in the console's words: Gson's reader describes a fault
+     * in its own ("Use JsonReader.setLenient(true) to accept malformed JSON at line 1 column 2
+     * path $[0]", the path its internal one); the console keeps the fault and where it is.
+     */
+    static String jsonFault(Exception e) {
+        String message = e.getMessage() == null ? e.getClass().getSimpleName() : e.getMessage();
+        Matcher m = GSON_FAULT.matcher(message);
+        if (!m.matches()) {
+            return message; // the console's own
+        }
+        String fault = m.group(1).startsWith("Use JsonReader.setLenient") ? "malformed JSON" : m.group(1);
+        fault = Character.toLowerCase(fault.charAt(0)) + fault.substring(1);
+        return fault + (m.group(2).equals("1") ? "" : " on line " + m.group(2)) + " at column " + m.group(3);
     }
 
     /** A strict JSON reader positioned inside the array {@code text} must start with. */
@@ -334,7 +355,7 @@ final class ArgumentParser {
             }
             closeArray(reader);
         } catch (IOException | RuntimeException e) {
-            throw new ArgumentException(where + ": invalid byte array: " + e.getMessage()
+            throw new ArgumentException(where + ": invalid byte array: " + jsonFault(e)
                     + " (expected e.g. [1,-2,255], hex:0a0bff, zeros:64 or null)");
         }
         byte[] bytes = new byte[values.size()];

@@ -25,12 +25,25 @@ import bundlesc.console.ArgumentParser.Token;
 final class BridgeCore {
 
     private ServiceCatalog catalog;
+    private final String listCommand;
+    private final String helpCommand;
     private final Map<Class<?>, Object> instances = new HashMap<Class<?>, Object>();
     private final Map<Class<?>, String> initFailures = new HashMap<Class<?>, String>();
 
     /** @param catalog the service classes to work with, or null for the built-in catalog */
     BridgeCore(ServiceCatalog catalog) {
+        this(catalog, "--list", "--help");
+    }
+
+    /**
+     * @param listCommand what lists the service classes where this core runs ("--list" in the
+     *                    console), named by the error about an unknown class
+     * @param helpCommand what shows the usage ("--help"), named by the errors about the usage
+     */
+    BridgeCore(ServiceCatalog catalog, String listCommand, String helpCommand) {
         this.catalog = catalog;
+        this.listCommand = listCommand;
+        this.helpCommand = helpCommand;
     }
 
     ServiceCatalog catalog() throws ConsoleException {
@@ -58,7 +71,7 @@ final class BridgeCore {
                 throw new ConsoleException("no service classes in the catalog");
             }
         } else {
-            classes.add(catalog().resolve(className));
+            classes.add(catalog().resolve(className, listCommand));
         }
         List<String> lines = new ArrayList<String>();
         for (Class<?> c : classes) {
@@ -81,10 +94,10 @@ final class BridgeCore {
      */
     List<String> call(List<Token> tokens) throws ConsoleException {
         if (tokens.size() < 2) {
-            throw usageError(tokens.isEmpty() ? "no command given"
-                    : "missing method name after " + tokens.get(0).text);
+            throw new ConsoleException((tokens.isEmpty() ? "no command given"
+                    : "missing method name after " + tokens.get(0).text) + " (" + helpCommand + " shows the usage)");
         }
-        Class<?> service = catalog().resolve(tokens.get(0).text);
+        Class<?> service = catalog().resolve(tokens.get(0).text, listCommand);
         Selection selection = select(service, tokens.get(1).text, tokens.subList(2, tokens.size()));
         Object target = prepare(selection.method);
         return invoke(target, selection.method, selection.values);

@@ -6,6 +6,7 @@ import java.io.InputStream;
 import java.io.InputStreamReader;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
+import java.lang.reflect.Parameter;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.Collection;
@@ -84,6 +85,11 @@ final class ServiceCatalog {
      * name. The class is loaded but not initialised.
      */
     Class<?> resolve(String name) throws ConsoleException {
+        return resolve(name, "--list");
+    }
+
+    /** {@link #resolve(String)}, whose errors name {@code listCommand} as the one listing the classes. */
+    Class<?> resolve(String name, String listCommand) throws ConsoleException {
         if (name.isEmpty()) {
             throw new ConsoleException("empty service class name");
         }
@@ -103,7 +109,7 @@ final class ServiceCatalog {
         }
         if (matches.isEmpty()) {
             throw new ConsoleException("unknown service class '" + name + "': not one of the "
-                    + names.size() + " service classes of the bridge (--list shows them)");
+                    + names.size() + " service classes of the bridge (" + listCommand + " shows them)");
         }
         return load(matches.get(0));
     }
@@ -136,21 +142,28 @@ final class ServiceCatalog {
         return result;
     }
 
-    /** "commservices.DeviceInfoQueryServiceImp.getDeviceInfoJni() -> String". */
+    /** "commservices.DeviceInfoQueryServiceImp.getDeviceUpTimeJni() -> int", parameters as {@link #signature}. */
     static String describe(Method m) {
         return shortName(m.getDeclaringClass()) + "." + m.getName() + signature(m)
                 + " -> " + m.getReturnType().getSimpleName();
     }
 
-    /** "(String, int)". */
+    /**
+     * "(String name, int index)": the parameter types, each with its name where the class file
+     * keeps it (the build compiles the service classes with their parameter names, the names of
+     * the reference's Javadoc); "(String, int)" for a class compiled without them.
+     */
     static String signature(Method m) {
         StringBuilder sb = new StringBuilder("(");
-        Class<?>[] params = m.getParameterTypes();
+        Parameter[] params = m.getParameters();
         for (int i = 0; i < params.length; i++) {
             if (i > 0) {
                 sb.append(", ");
             }
-            sb.append(params[i].getSimpleName());
+            sb.append(params[i].getType().getSimpleName());
+            if (params[i].isNamePresent()) {
+                sb.append(' ').append(params[i].getName());
+            }
         }
         return sb.append(')').toString();
     }

@@ -27,7 +27,11 @@ public final class GatewaySim {
     /** As {@link #loadDefault()}, without reading a saved tree back; 0 on success. */
     public static native int loadFresh();
 
-    /** Loads a state file or a directory of *.ini files on top of the current state. */
+    /**
+     * Loads a state file or a directory of *.ini files on top of the current state; a folder
+     * captured by bundle_sc-capture replaces the whole gateway (one that is incomplete is
+     * refused). 0 on success.
+     */
     public static native int load(String path);
 
     /** Sets a value from raw bytes (for texts that are not UTF-8 on the gateway). */
@@ -53,11 +57,30 @@ public final class GatewaySim {
     /** Every later call of the platform function returns rc. */
     public static native void programResult(String function, int rc);
 
+    /** The platform function returns its usual result again. */
+    public static native void clearResult(String function);
+
+    /**
+     * 1 when the simulated platform (libbrelo.so.1, libtcapi.so.1) has the function, 0 when it
+     * has not, -1 when the platform libraries cannot be opened to tell.
+     */
+    public static native int platformFunction(String function);
+
+    /** Whether the state has a section of that name (possibly without values). */
+    public static native boolean hasSection(String section);
+
     private static native byte[] logBytes();
+
+    private static native byte[] logResultsBytes();
 
     /** The platform calls since the last reset or clearLog, one "function(arguments)" line each. */
     public static String log() {
         return new String(logBytes(), StandardCharsets.UTF_8);
+    }
+
+    /** The same lines, each call that has returned followed by " -> " and its return code. */
+    public static String logWithResults() {
+        return new String(logResultsBytes(), StandardCharsets.UTF_8);
     }
 
     public static native void clearLog();

@@ -158,6 +158,25 @@ class ArgumentParserTest {
     }
 
     @Test
+    void jsonFaultsAreDescribedInTheConsolesWords() {
+        // Gson's reader names its own remedy and its internal path; the console says what is
+        // wrong and where.
+        assertEquals(ARG + " (String[]): invalid JSON array of strings: malformed JSON at column 2"
+                + " (expected e.g. [\"a\",\"b\"] or null)", convertError("[00:E0:4C:68:01:A2]", String[].class));
+        assertEquals(ARG + " (String[]): invalid JSON array of strings: unterminated array on line 2 at column 3"
+                + " (expected e.g. [\"a\",\"b\"] or null)", convertError("[\"a\"\n x]", String[].class));
+        for (String malformed : new String[] {"[\"a\",]", "['a']", "[\"a\\x\"]", "[a]", "[1,,2]"}) {
+            for (Class<?> type : new Class<?>[] {String[].class, byte[].class}) {
+                String message = convertError(malformed, type);
+                assertFalse(message.contains("setLenient") || message.contains("JsonReader")
+                        || message.contains(" path $"), message);
+            }
+        }
+        assertEquals("expected a JSON array", ArgumentParser.jsonFault(new java.io.IOException("expected a JSON array")));
+        assertEquals("IllegalStateException", ArgumentParser.jsonFault(new IllegalStateException()));
+    }
+
+    @Test
     void jsonStringArrayRoundTrip() throws Exception {
         String[] values = {"a\"b", "c\\d", null, "\n\u0001", "\u00e9", "<=>&'"};
         String json = ArgumentParser.formatStringArray(values);

@@ -98,4 +98,27 @@ class ServiceCatalogTest {
                 "demo.FakeServiceImp.setValueJni(int, boolean) -> int"), lines);
         assertTrue(ServiceCatalog.natives(EmptyServiceImp.class).isEmpty());
     }
+
+    @Test
+    void theServiceClassesListTheirParameterNames() throws Exception {
+        // The build compiles them keeping the names of their declarations (and Javadoc).
+        Class<?> c = ServiceCatalog.builtIn().resolve("PortMappingConfigService");
+        Method add = null;
+        for (Method m : ServiceCatalog.natives(c)) {
+            if (m.getName().equals("addPortMappingJni")) {
+                add = m;
+            }
+        }
+        assertEquals("addressservices.PortMappingConfigServiceImp.addPortMappingJni(int wanIndex, int externalPort,"
+                + " int internalPort, String protocol, String internalClient) -> int", ServiceCatalog.describe(add));
+    }
+
+    @Test
+    void theUnknownClassMessageNamesTheListingCommandOfWhereItRuns() {
+        ServiceCatalog catalog = fakeCatalog();
+        assertTrue(assertThrows(ConsoleException.class, () -> catalog.resolve("Nope")).getMessage()
+                .endsWith("(--list shows them)"));
+        assertTrue(assertThrows(ConsoleException.class, () -> catalog.resolve("Nope", "bridge:list")).getMessage()
+                .endsWith("(bridge:list shows them)"));
+    }
 }

@@ -15,12 +15,12 @@ import org.osgi.framework.wiring.BundleWiring;
 
 /**
  * osgi.reply-reader: the reply reader bundle (bundlesc.reply) installed beside the bridge
- * bundle, with Debian's Gson bundle, in the framework of the osgi.* tier (FelixHarness), and
+ * bundle, with Debian's Gson bundle, in Felix through the osgi.* tier's harness (OsgiHarness), and
  * used from a bundle of its own (bundlesc.osgi.replyuser). Checks that the reader resolves
  * against Gson as a bundle, that the user bundle is wired to it, and that the user reads a JSON
  * reply, a plain text and a reply with objects back to back with the expected repairs.
  *
- * System properties: those of FelixHarness, and bundlesc.osgi.gson (the Gson bundle's jar).
+ * System properties: those of OsgiHarness, and bundlesc.osgi.gson (the Gson bundle's jar).
  * Exit status 0 when everything went as it should; "FAILED: ..." and 1 otherwise.
  */
 public final class ReplyBundleHarness {
@@ -48,21 +48,22 @@ public final class ReplyBundleHarness {
             check(false, "the scenario threw " + e);
             e.printStackTrace(System.out);
         } finally {
-            FelixHarness.deleteTree(storage);
+            OsgiHarness.deleteTree(storage);
         }
         System.out.println(failures == 0 ? "osgi reply-reader: passed" : "osgi reply-reader: " + failures + " failures");
         System.exit(failures == 0 ? 0 : 1);
     }
 
     static void run(Path storage) throws Exception {
-        Framework framework = FelixHarness.startFramework(storage, Collections.<String, String>emptyMap());
+        Framework framework = OsgiHarness.launch(OsgiHarness.Kind.FELIX, storage,
+                Collections.<String, String>emptyMap());
         BundleContext ctx = framework.getBundleContext();
         Bundle gson = ctx.installBundle(Paths.get(System.getProperty("bundlesc.osgi.gson")).toUri().toString());
         List<Bundle> bundles = new ArrayList<Bundle>(Arrays.asList(gson,
-                FelixHarness.install(ctx, "bundlesc.sim.jar"),
-                FelixHarness.install(ctx, FelixHarness.BRIDGE + ".jar"),
-                FelixHarness.install(ctx, READER + ".jar"),
-                FelixHarness.install(ctx, "test/" + USER + ".jar")));
+                OsgiHarness.install(ctx, "bundlesc.sim.jar"),
+                OsgiHarness.install(ctx, OsgiHarness.BRIDGE + ".jar"),
+                OsgiHarness.install(ctx, READER + ".jar"),
+                OsgiHarness.install(ctx, "test/" + USER + ".jar")));
         for (Bundle b : bundles) {
             b.start();
         }
@@ -91,7 +92,7 @@ public final class ReplyBundleHarness {
         }
 
         @SuppressWarnings("unchecked")
-        List<String> lines = (List<String>) FelixHarness.probe(ctx, USER).apply("read");
+        List<String> lines = (List<String>) OsgiHarness.probe(ctx, USER).apply("read");
         for (String line : lines) {
             System.out.println("[osgi] " + line);
         }
@@ -105,8 +106,8 @@ public final class ReplyBundleHarness {
         // The reader stopped: its package stays wired and usable by the bundle wired to it.
         reader.stop();
         check(reader.getState() == Bundle.RESOLVED, "the reader bundle stops (it has no activator)");
-        check(((List<?>) FelixHarness.probe(ctx, USER).apply("read")).size() == 3,
+        check(((List<?>) OsgiHarness.probe(ctx, USER).apply("read")).size() == 3,
                 "the user bundle still reads replies with the reader stopped");
-        FelixHarness.stopFramework(framework);
+        OsgiHarness.stopFramework(framework);
     }
 }
