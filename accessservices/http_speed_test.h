@@ -3,11 +3,24 @@
 #ifndef BUNDLE_ACCESSSERVICES_HTTP_SPEED_TEST_H
 #define BUNDLE_ACCESSSERVICES_HTTP_SPEED_TEST_H
 
+#include <jni.h>
+
 #include "accessservices/diag_params.h"
 #include "common/platform_diag.h"
 #include "common/reply.h"
+#include "common/trace.h"
 
 namespace bundle {
+
+// Starts the HTTP speed test in `direction` (kHttpUpload or kHttpDownload) on WAN `wan_index`;
+// gives the platform's code, or -1 when the request is refused. `*pending` is set when the
+// parameter text could not be obtained (an exception is pending): the native then returns -1
+// without its closing line. The URL
+// text is kept (the platform keeps the pointer); the parameter text is given back. An upload
+// needs a parameter text with "TestFileLength" and a file length or duration; a download's
+// parameter text is optional (a null or empty one gives every default). Traces under `native`.
+int start_http_speed_test(JNIEnv *env, TraceName native, jint wan_index, jstring jurl,
+                          jstring jparameter, uint32_t direction, bool *pending);
 
 // Measurement offset, duration and connections from the parameter tree. Each keeps the low
 // 16 bits of its value; out-of-range values fall back to the defaults rather than being refused.
