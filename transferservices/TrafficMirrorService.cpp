@@ -294,32 +294,33 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirroRuleInfoJni(
     JNIEnv *env, jobject) {
   char *reply = static_cast<char *>(malloc(kRuleListSize));
-  if (reply == nullptr) {
-    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+  const char *text = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+  if (reply != nullptr) {
+    reply[0] = '\0';
+    size_t off = 0;
+    bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
+    for (int i = 0; i < kMirrorEntries; ++i) {
+      char node[kNodeNameSize];
+      char mirror_ip[kRuleValueSize];
+      rule_node(node, i);
+      bundle::tree_get(node, "mirrorToIP", mirror_ip);
+      if (mirror_ip[0] == '\0') continue;
+      char values[kRuleTexts][kRuleValueSize], mirror_port[kRuleValueSize];
+      const char *key = kRuleKeys;
+      for (int f = 0; f < kRuleTexts; ++f, key = next_name(key))
+        bundle::tree_get(node, key, values[f], kRuleValueSize);
+      bundle::tree_get(node, "mirrorToPort", mirror_port);
+      bundle::append_object_opener(reply, kRuleListSize, &off);
+      const char *name = kRuleNames;
+      for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
+        bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
+      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
+      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
+    }
+    bundle::reply_append(reply, kRuleListSize, &off, "]}");
+    text = reply;
   }
-  reply[0] = '\0';
-  size_t off = 0;
-  bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
-  for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize];
-    char mirror_ip[kRuleValueSize];
-    rule_node(node, i);
-    bundle::tree_get(node, "mirrorToIP", mirror_ip);
-    if (mirror_ip[0] == '\0') continue;
-    char values[kRuleTexts][kRuleValueSize], mirror_port[kRuleValueSize];
-    const char *key = kRuleKeys;
-    for (int f = 0; f < kRuleTexts; ++f, key = next_name(key))
-      bundle::tree_get(node, key, values[f], kRuleValueSize);
-    bundle::tree_get(node, "mirrorToPort", mirror_port);
-    bundle::append_object_opener(reply, kRuleListSize, &off);
-    const char *name = kRuleNames;
-    for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
-      bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
-  }
-  bundle::reply_append(reply, kRuleListSize, &off, "]}");
-  jstring result = BUNDLE_JSON_REPLY(env, reply);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(reply);
   return result;
 }

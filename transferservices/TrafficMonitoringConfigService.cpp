@@ -291,54 +291,52 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     JNIEnv *env, jobject) {
   char *collection = static_cast<char *>(malloc(kQueryBufferSize));
   char *reply = static_cast<char *>(malloc(kQueryBufferSize));
-  if (collection == nullptr || reply == nullptr) {
-    // Whichever buffer was allocated is given back too.
-    free(collection);
-    free(reply);
-    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-  }
-  reply[0] = '\0';
-  size_t off = 0;
-  bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
+  // Without either buffer, whichever was allocated is given back too.
+  const char *text = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+  if (collection != nullptr && reply != nullptr) {
+    reply[0] = '\0';
+    size_t off = 0;
+    bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
-  for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize];
-    char owner[kTreeValueSize];
-    group_node(node, b);
-    bundle::tree_get(node, "bundleName", owner);
-    if (owner[0] == '\0') continue;
+    for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
+      char node[kNodeNameSize];
+      char owner[kTreeValueSize];
+      group_node(node, b);
+      bundle::tree_get(node, "bundleName", owner);
+      if (owner[0] == '\0') continue;
 
-    bundle::append_object_opener(reply, kQueryBufferSize, &off);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
+      bundle::append_object_opener(reply, kQueryBufferSize, &off);
+      bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
+      bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
 
-    // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
-    // collection buffer (a text that reaches it is cut there).
-    collection[0] = '\0';
-    size_t coff = 0;
-    for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
-      for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
-        char address[kQueryValueSize];
-        entry_node(node, p, e);
-        bundle::tree_get(node, "destAddressList", address);
-        if (strNull(address)) continue;
-        bundle::reply_append(collection, kQueryBufferSize, &coff, "%s,", address);
+      // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
+      // collection buffer (a text that reaches it is cut there).
+      collection[0] = '\0';
+      size_t coff = 0;
+      for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
+        for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
+          char address[kQueryValueSize];
+          entry_node(node, p, e);
+          bundle::tree_get(node, "destAddressList", address);
+          if (strNull(address)) continue;
+          bundle::reply_append(collection, kQueryBufferSize, &coff, "%s,", address);
+        }
       }
-    }
 
-    // Split again at ","; an address that itself holds "," becomes two pieces.
-    char *save = nullptr;
-    for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
-         piece = strtok_r(nullptr, ",", &save)) {
-      if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
-        bundle::reply_append(reply, kQueryBufferSize, &off, ",");
-      bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
+      // Split again at ","; an address that itself holds "," becomes two pieces.
+      char *save = nullptr;
+      for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
+           piece = strtok_r(nullptr, ",", &save)) {
+        if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
+          bundle::reply_append(reply, kQueryBufferSize, &off, ",");
+        bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
+      }
+      bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
     }
     bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
+    text = reply;
   }
-  bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
-
-  jstring result = BUNDLE_JSON_REPLY(env, reply);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(collection);
   free(reply);
   return result;
