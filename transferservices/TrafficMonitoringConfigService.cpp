@@ -143,6 +143,33 @@ void findMonitorFreeEntry(const char *bundle, int *base, int *pvc, int *entry) {
   }
 }
 
+// Compares the addresses stored on PVCs `first`..`last` with the request's. Without `clear`,
+// every address of the request equal to a stored one is blanked; with it, a stored address
+// equal to one of the request's is cleared from its entry. Gives the number of entries cleared.
+int match_stored(MonitorRequest *req, int first, int last, bool clear) {
+  int cleared = 0;
+  for (int p = first; p <= last; ++p) {
+    for (int e = 0; e < kEntriesPerPvc; ++e) {
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
+      entry_node(node, p, e);
+      bundle::tree_get(node, "destAddressList", stored);
+      if (stored[0] == '\0') continue;
+      for (int i = 0; i < req->count; ++i) {
+        if (strcmp(req->dest[i], stored) != 0) continue;
+        if (!clear) {
+          req->dest[i][0] = '\0';
+          continue;
+        }
+        tcapi_set(node, "destAddressList", "");
+        ++cleared;
+        break;
+      }
+    }
+  }
+  return cleared;
+}
+
 int addMonitorRuleToEntry(MonitorRequest *req) {
   int base = -1, pvc = -1, entry = -1;
   findMonitorFreeEntry(req->bundle, &base, &pvc, &entry);
@@ -153,17 +180,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
 
   // New addresses already stored on the PVCs from the group base up to the found PVC are
   // blanked. New addresses are not compared with each other.
-  for (int p = base; p <= pvc; ++p) {
-    for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize];
-      char stored[kTreeValueSize];
-      entry_node(node, p, e);
-      bundle::tree_get(node, "destAddressList", stored);
-      if (stored[0] == '\0') continue;
-      for (int i = 0; i < req->count; ++i)
-        if (strcmp(req->dest[i], stored) == 0) req->dest[i][0] = '\0';
-    }
-  }
+  match_stored(req, base, pvc, false);
 
   // Kept as the gateway has always done it: the search runs again after each address, and
   // "bundleName" is written only once at the end, so a bundle without a group finds the same
@@ -222,23 +239,7 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
     return -1;
   }
 
-  int deleted = 0;
-  for (int p = base; p < base + kGroupPvcs; ++p) {
-    for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize];
-      char stored[kTreeValueSize];
-      entry_node(node, p, e);
-      bundle::tree_get(node, "destAddressList", stored);
-      if (stored[0] == '\0') continue;
-      for (int i = 0; i < req->count; ++i) {
-        if (strcmp(req->dest[i], stored) == 0) {
-          tcapi_set(node, "destAddressList", "");
-          ++deleted;
-          break;
-        }
-      }
-    }
-  }
+  int deleted = match_stored(req, base, base + kGroupPvcs - 1, true);
 
   // Every empty PVC of the group loses its node, whether or not anything was deleted. For the
   // group's first PVC that removes "bundleName" and frees the group, even while later PVCs of
