@@ -58,23 +58,14 @@ void save_and_commit(const char *node) {
   brelo_tcapi_commit(node);
 }
 
-bool valid_client(const char *client) { return ipValidCheck(client) >= 0; }
+enum RuleText { kProtocol, kClient };
 
-// A text of the rule to add, copied into `out` (cut at its size) and given back; false when it
-// cannot be had or `valid` refuses it. A refused text is traced under `native` with `refusal`
-// and, on purpose, never given back.
-bool take_checked_text(JNIEnv *env, bundle::TraceName native, jstring jtext,
-                    bool (*valid)(const char *), const char *refusal, char *out, size_t size) {
-  bundle::JavaChars text(env, jtext);
-  if (text.is_null()) return false;
-  if (!valid(text.get())) {
-    BUNDLE_TRACE_AS(native, refusal, text.get());
-    text.keep();
-    return false;
-  }
-  snprintf(out, size, "%s", text.get());
-  text.release();
-  return true;
+// NULL for an accepted text of kind `kind`, or the trace line that refuses it (its %s is the
+// text). Only "TCP" and "UDP" are accepted as the protocol: exactly the texts that mark a slot
+// as taken.
+const char *refusal(int kind, const char *text) {
+  if (kind == kProtocol) return slot_in_use(text) ? nullptr : "protocol %s is not valid\n";
+  return ipValidCheck(text) < 0 ? "%s is an invalid IP\n" : nullptr;
 }
 
 // The attributes of a new rule's node, in the order they are written.
@@ -88,16 +79,14 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   if (static_cast<uint32_t>(external_port) > 65535u) return -1;
   if (static_cast<uint32_t>(internal_port) > 65535u) return -1;
 
+  // Each text is given back once copied; a refused one is kept on purpose, never given back.
   char protocol[16];
-  // Only "TCP" and "UDP" are accepted: exactly the texts that mark a slot as taken.
-  if (!take_checked_text(env, native, jprotocol, slot_in_use, "protocol %s is not valid\n", protocol,
-                      sizeof protocol))
-    return -1;
   // A host name up to 64 characters passes the check; the stored address is cut to the
   // 31 characters of its buffer.
   char client[32];
-  if (!take_checked_text(env, native, jclient, valid_client, "%s is an invalid IP\n", client,
-                      sizeof client))
+  if (!bundle::take_checked_text(env, native, jprotocol, refusal, kProtocol, protocol,
+                                 sizeof protocol) ||
+      !bundle::take_checked_text(env, native, jclient, refusal, kClient, client, sizeof client))
     return -1;
 
   int pvc = 0;

@@ -124,25 +124,10 @@ const char *refusal(int kind, const char *text) {
   }
 }
 
-// Takes one text of the rule into `out` (`size` bytes): released once copied. A text that
-// cannot be had, or that is refused, fails; a refused text is traced and kept on purpose
-// (never released), as the gateway has always done.
+// Takes one text of the rule into `out` (`size` bytes), checked by refusal().
 bool take_rule_text(JNIEnv *env, bundle::TraceName native, jstring s, int kind, char *out,
                     size_t size) {
-  bundle::JavaChars text(env, s);
-  if (text.is_null()) return false;
-  const char *refused = refusal(kind, text.get());
-  if (refused != nullptr) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // one of refusal()'s own lines
-    bundle::trace_printf(native, __LINE__, refused, text.get());
-#pragma GCC diagnostic pop
-    text.keep();
-    return false;
-  }
-  bundle::copy_padded(out, size, text.get());
-  text.release();
-  return true;
+  return bundle::take_checked_text(env, native, s, refusal, kind, out, size);
 }
 
 // The first entry whose "mirrorToIP" is empty, or -1.
