@@ -8,6 +8,7 @@
 #include "accessservices/diag_params.h"
 #include "common/platform_diag.h"
 #include "common/reply.h"
+#include "common/text_table.h"
 #include "common/trace.h"
 
 namespace bundle {
@@ -40,47 +41,31 @@ inline void http_result_reply(Reply<1024> &reply, uint32_t direction) {
   memset(&res, 0, sizeof res);
   res.direction = direction;
   brelo_getHttpSpeedTestDiagnostics(&res);  // the state word tells, not the return value
-  switch (res.state) {
-    case kHttpOtherError:
-      reply.append("{\"Result\":\"Other_Error\"}");
-      break;
-    case kHttpErrorTimeout:
-      reply.append("{\"Result\":\"Error_Timeout\"}");
-      break;
-    case kHttpErrorNoResponse:
-      reply.append("{\"Result\":\"Error_NoResponse\"}");
-      break;
-    case kHttpErrorInitConnectionFailed:
-      reply.append("{\"Result\":\"Error_InitConnectionFailed\"}");
-      break;
-    case kHttpCompleted:
-      terminate_field(res.rom_time);
-      terminate_field(res.bom_time);
-      terminate_field(res.eom_time);
-      terminate_field(res.tcp_open_request_time);
-      terminate_field(res.tcp_open_response_time);
-      // The member names differ by direction; "TotalBytesSend" beside "TestBytesSent" is the
-      // name Java bundles read for an upload.
-      reply.append("{\"Result\":\"Completed\", \"Test%sRate\":%u, \"Total%sRate\":%u, "
-                   "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
-                   "\"TestBytes%s\":%llu, \"TotalBytes%s\":%llu, "
-                   "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
-                   direction == kHttpUpload ? "Upload" : "Download", res.test_rate,
-                   direction == kHttpUpload ? "Upload" : "Download", res.total_rate, res.rom_time,
-                   res.bom_time, res.eom_time, direction == kHttpUpload ? "Sent" : "Received",
-                   static_cast<unsigned long long>(res.test_bytes),
-                   direction == kHttpUpload ? "Send" : "Received",
-                   static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
-                   res.tcp_open_response_time);
-      break;
-    case kHttpRequested:
-      reply.append("{\"Result\":\"Requested\"}");
-      break;
-    case kHttpNone:
-      reply.append("{\"Result\":\"None\"}");
-      break;
-    default:
-      break;
+  if (res.state == kHttpCompleted) {
+    terminate_field(res.rom_time);
+    terminate_field(res.bom_time);
+    terminate_field(res.eom_time);
+    terminate_field(res.tcp_open_request_time);
+    terminate_field(res.tcp_open_response_time);
+    // The member names differ by direction; "TotalBytesSend" beside "TestBytesSent" is the
+    // name Java bundles read for an upload.
+    reply.append("{\"Result\":\"Completed\", \"Test%sRate\":%u, \"Total%sRate\":%u, "
+                 "\"ROMTime\":\"%s\", \"BOMTime\":\"%s\", \"EOMTime\":\"%s\", "
+                 "\"TestBytes%s\":%llu, \"TotalBytes%s\":%llu, "
+                 "\"TCPOpenRequestTime\":\"%s\", \"TCPOpenResponseTime\":\"%s\"}",
+                 direction == kHttpUpload ? "Upload" : "Download", res.test_rate,
+                 direction == kHttpUpload ? "Upload" : "Download", res.total_rate, res.rom_time,
+                 res.bom_time, res.eom_time, direction == kHttpUpload ? "Sent" : "Received",
+                 static_cast<unsigned long long>(res.test_bytes),
+                 direction == kHttpUpload ? "Send" : "Received",
+                 static_cast<unsigned long long>(res.total_bytes), res.tcp_open_request_time,
+                 res.tcp_open_response_time);
+  } else if (res.state >= kHttpOtherError && res.state <= kHttpNone) {
+    // The other states by name, indexed from kHttpOtherError ("Completed" is not used here).
+    static const char kStateNames[] =
+        "Other_Error\0Error_Timeout\0Error_NoResponse\0Error_InitConnectionFailed\0Completed\0"
+        "Requested\0None";
+    reply.append("{\"Result\":\"%s\"}", table_text(kStateNames, res.state - kHttpOtherError));
   }
 }
 
