@@ -321,24 +321,22 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append(BUNDLE_FAIL_REASON, kParameterError);
-    return BUNDLE_JSON_REPLY(env, reply.c_str());
+  } else {
+    WanIfInfoRecord info;  // every member written whole by fill_info
+    fill_info(&info, pvc, entry);
+
+    // Every member is a JSON string, numbers included; texts go in as the platform gave them.
+    reply.append("{\"Result\":0,");
+    // The members' names are bundle::kWanMemberNames, in the record's order.
+    const char *name = bundle::kWanMemberNames;
+    const char *base = reinterpret_cast<const char *>(&info);
+    for (const InfoField &field : kInfoFields) {
+      name = bundle::wan_member_present(name, "Password");
+      reply.append("\"%s\":\"%s\"%s", name, base + field.offset,
+                   &field == &kInfoFields[30] ? "}" : ",");
+      name = bundle::wan_member_after(name);
+    }
   }
-
-  WanIfInfoRecord info;  // every member written whole by fill_info
-  fill_info(&info, pvc, entry);
-
-  // Every member is a JSON string, numbers included; texts go in as the platform gave them.
-  reply.append("{\"Result\":0,");
-  // The members' names are bundle::kWanMemberNames, in the record's order.
-  const char *name = bundle::kWanMemberNames;
-  const char *base = reinterpret_cast<const char *>(&info);
-  for (const InfoField &field : kInfoFields) {
-    name = bundle::wan_member_present(name, "Password");
-    reply.append("\"%s\":\"%s\"%s", name, base + field.offset,
-                 &field == &kInfoFields[30] ? "}" : ",");
-    name = bundle::wan_member_after(name);
-  }
-
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
@@ -366,23 +364,21 @@ Java_com_lumarest_smartgateway_accessservices_AccessInfoQueryServiceImp_getWANIf
   int pvc = 0, entry = 0;
   if (brelo_wanGetPvcEntryIndex(wanIndex, &pvc, &entry) == -1) {
     reply.append(BUNDLE_FAIL_REASON, kParameterError);
-    return BUNDLE_JSON_REPLY(env, reply.c_str());
+  } else {
+    // The four values in the order the platform is asked for them. Each text fits the field
+    // the reply has always been given for it (uptime 16 bytes, statuses 64, last error 256),
+    // so they go into the reply as they are.
+    int uptime = get_status(brelo_wanGetUptime, pvc, entry);
+    const char *ipv4_status =
+        table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry));
+    const char *ipv6_status =
+        table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry));
+    const char *last_error = table_text(kLastConnectionErrors,
+                                        get_status(brelo_wanGetLastConnectionError, pvc, entry));
+    reply.append("{\"Result\":0,\"Uptime\":\"%d\",\"ConnectionStatus\":\"%s\","
+                 "\"IPv6ConnStatus\":\"%s\",\"LastConnectionError\":\"%s\"}",
+                 uptime, ipv4_status, ipv6_status, last_error);
   }
-
-  // The four values in the order the platform is asked for them. Each text fits the field
-  // the reply has always been given for it (uptime 16 bytes, statuses 64, last error 256),
-  // so they go into the reply as they are.
-  int uptime = get_status(brelo_wanGetUptime, pvc, entry);
-  const char *ipv4_status =
-      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv4ConnStatus, pvc, entry));
-  const char *ipv6_status =
-      table_text(kConnectionStatuses, get_status(brelo_wanGetIpv6ConnStatus, pvc, entry));
-  const char *last_error =
-      table_text(kLastConnectionErrors, get_status(brelo_wanGetLastConnectionError, pvc, entry));
-  reply.append("{\"Result\":0,\"Uptime\":\"%d\",\"ConnectionStatus\":\"%s\",\"IPv6ConnStatus\":\"%s\","
-               "\"LastConnectionError\":\"%s\"}",
-               uptime, ipv4_status, ipv6_status, last_error);
-
   return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 

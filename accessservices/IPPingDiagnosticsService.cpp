@@ -24,22 +24,15 @@ Java_com_lumarest_smartgateway_accessservices_IPPingDiagnosticsServiceImp_startI
     JNIEnv *env, jobject, jint wanIndex, jstring jhost, jstring jparameter) {
   PingRequest req;
   memset(&req, 0, sizeof req);
-  if (!bundle::take_host(env, jhost, req.host)) {
-    return BUNDLE_CODE_REPLY(-1);
+  bundle::ParamsRead read = bundle::read_diag_request(env, jhost, req.host, jparameter,
+                                                      BUNDLE_NATIVE, kPingParams, 4, &req);
+  if (read == bundle::kParamsPending) return -1;  // no diagnostic is started
+  int rc = -1;
+  if (read == bundle::kParamsRead) {
+    BUNDLE_TRACE("host = %s, repetitions = %u, interval = %u, block size = %u, dscp = %u\n",
+                 req.host, req.repetitions, req.timeout, req.block_size, req.dscp);
+    rc = brelo_startIPPingDiagnostics(wanIndex, &req);
   }
-
-  switch (bundle::read_number_params(env, jparameter, BUNDLE_NATIVE, kPingParams, 4, &req)) {
-    case bundle::kParamsPending:
-      return -1;  // no diagnostic is started
-    case bundle::kParamsBad:
-      return BUNDLE_CODE_REPLY(-1);
-    default:
-      break;
-  }
-  BUNDLE_TRACE("host = %s, repetitions = %u, interval = %u, block size = %u, dscp = %u\n",
-               req.host, req.repetitions, req.timeout, req.block_size, req.dscp);
-
-  int rc = brelo_startIPPingDiagnostics(wanIndex, &req);
   return BUNDLE_CODE_REPLY(rc);
 }
 

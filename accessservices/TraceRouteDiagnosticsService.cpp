@@ -36,21 +36,10 @@ Java_com_lumarest_smartgateway_accessservices_TraceRouteDiagnosticsServiceImp_st
     JNIEnv *env, jobject, jint wanIndex, jstring jhost, jstring jparameter) {
   TraceRouteRequest req;
   memset(&req, 0, sizeof req);
-  if (!bundle::take_host(env, jhost, req.host)) {
-    return BUNDLE_CODE_REPLY(-1);
-  }
-
-  switch (bundle::read_number_params(env, jparameter, BUNDLE_NATIVE, kTraceRouteParams, 5,
-                                     &req)) {
-    case bundle::kParamsPending:
-      return -1;  // no diagnostic is started
-    case bundle::kParamsBad:
-      return BUNDLE_CODE_REPLY(-1);
-    default:
-      break;
-  }
-
-  int rc = brelo_startTraceRouteDiagnostics(wanIndex, &req);
+  bundle::ParamsRead read = bundle::read_diag_request(env, jhost, req.host, jparameter,
+                                                      BUNDLE_NATIVE, kTraceRouteParams, 5, &req);
+  if (read == bundle::kParamsPending) return -1;  // no diagnostic is started
+  int rc = read == bundle::kParamsRead ? brelo_startTraceRouteDiagnostics(wanIndex, &req) : -1;
   return BUNDLE_CODE_REPLY(rc);
 }
 

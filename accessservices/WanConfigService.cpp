@@ -66,17 +66,15 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_addWANIfJni(
 
   // Each text in turn: borrowed, copied, given back. A text that cannot be had, or that would
   // not fit its buffer, ends the call with -1 before the platform is asked.
-  for (int i = 0; i < 3; ++i) {
-    bundle::JavaChars text(env, texts[i]);
-    if (text.is_null()) {
-      return BUNDLE_CODE_REPLY(-1);
-    }
-    bool fits = copy_creation_text(*fields[i], text.get());
+  int taken = 0;
+  for (; taken < 3; ++taken) {
+    bundle::JavaChars text(env, texts[taken]);
+    if (text.is_null()) break;
+    bool fits = copy_creation_text(*fields[taken], text.get());
     text.release();
-    if (!fits) {
-      return BUNDLE_CODE_REPLY(-1);
-    }
+    if (!fits) break;
   }
+  if (taken < 3) return BUNDLE_CODE_REPLY(-1);
 
   int wan_id = brelo_wanAddIf(vlan_mode, vlan_id_mark, connection_type);
   BUNDLE_TRACE("addWANIfJni: added wan id = %d   leave============>\n", wan_id);
@@ -90,33 +88,33 @@ Java_com_lumarest_smartgateway_accessservices_WanConfigServiceImp_setWANIfJni(
   memset(&change, 0, sizeof change);
 
   bundle::JavaChars json(env, wanInfoJson);
-  if (json.is_null()) {
-    return BUNDLE_CODE_REPLY(-1);
-  }
-  int parsed = brelo_wanParseIfInfoParam(json.get(), &change);
-  json.release();
-  if (parsed < 0) {
-    BUNDLE_TRACE("setWANIfJni: parse wan info failed, return code = %d   leave============>\n",
-                 -1);
-    return -1;
-  }
-
-  // Every member as the platform parsed it, the password too, in clear (masked when hardened).
-  const char *record = reinterpret_cast<const char *>(&change);
-  const char *name = bundle::kWanMemberNames;
-  for (const ChangeMember &member : kChangeMembers) {
-    name = bundle::wan_member_present(name, "ConnectionType");
-    const char *value = record + member.offset;
-    int width = static_cast<int>(member.capacity);
-    if (strcmp(name, "Password") == 0 && bundle::secret(value) != value) {
-      value = bundle::secret(value);
-      width = static_cast<int>(strlen(value));
+  int rc = -1;
+  if (!json.is_null()) {
+    int parsed = brelo_wanParseIfInfoParam(json.get(), &change);
+    json.release();
+    if (parsed < 0) {
+      BUNDLE_TRACE("setWANIfJni: parse wan info failed, return code = %d   leave============>\n",
+                   -1);
+      return -1;
     }
-    BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", name, width, value);
-    name = bundle::wan_member_after(name);
-  }
 
-  int rc = brelo_wanSetIf(wanIndex, &change);
+    // Every member as the platform parsed it, the password too, in clear (masked when
+    // hardened).
+    const char *record = reinterpret_cast<const char *>(&change);
+    const char *name = bundle::kWanMemberNames;
+    for (const ChangeMember &member : kChangeMembers) {
+      name = bundle::wan_member_present(name, "ConnectionType");
+      const char *value = record + member.offset;
+      int width = static_cast<int>(member.capacity);
+      if (strcmp(name, "Password") == 0 && bundle::secret(value) != value) {
+        value = bundle::secret(value);
+        width = static_cast<int>(strlen(value));
+      }
+      BUNDLE_TRACE("setWANIfJni: %s = %.*s\n", name, width, value);
+      name = bundle::wan_member_after(name);
+    }
+    rc = brelo_wanSetIf(wanIndex, &change);
+  }
   return BUNDLE_CODE_REPLY(rc);
 }
 

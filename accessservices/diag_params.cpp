@@ -2,8 +2,10 @@
 
 namespace bundle {
 
-ParamsRead read_number_params(JNIEnv *env, jstring jparameter, TraceName native,
-                              const NumberParam *params, size_t count, void *record) {
+ParamsRead read_diag_request(JNIEnv *env, jstring jhost, char (&host)[256], jstring jparameter,
+                             TraceName native, const NumberParam *params, size_t count,
+                             void *record) {
+  if (!take_host(env, jhost, host)) return kParamsBad;
   JavaChars parameter(env, jparameter);
   if (acquire_failed(env, parameter)) return kParamsPending;
   ParamTree tree;  // a null or empty text gives every default

@@ -81,13 +81,6 @@ struct NumberParam {
 
 enum ParamsRead { kParamsRead, kParamsBad, kParamsPending };
 
-// Reads the optional parameter text of a start native into the numbers `params` of `record`
-// (a null or empty text gives every default) and gives the text back. kParamsBad when the text
-// is not JSON (traced under `native`); kParamsPending when the text could not be obtained: no
-// diagnostic is started then.
-ParamsRead read_number_params(JNIEnv *env, jstring jparameter, TraceName native,
-                              const NumberParam *params, size_t count, void *record);
-
 // True for a NULL or empty Java text.
 inline bool is_null_or_empty(const char *text) { return text == nullptr || text[0] == '\0'; }
 
@@ -104,6 +97,15 @@ inline bool take_host(JNIEnv *env, jstring jhost, char (&field)[256]) {
   host.release();
   return true;
 }
+
+// Reads a start native's request: the target host into `host` (take_host; a refused host is
+// kParamsBad, and the parameter text is then not read), then the optional parameter text into
+// the numbers `params` of `record` (a null or empty text gives every default), giving the text
+// back. kParamsBad when the text is not JSON (traced under `native`); kParamsPending when the
+// text could not be obtained: no diagnostic is started then.
+ParamsRead read_diag_request(JNIEnv *env, jstring jhost, char (&host)[256], jstring jparameter,
+                             TraceName native, const NumberParam *params, size_t count,
+                             void *record);
 
 }  // namespace bundle
 

@@ -58,6 +58,19 @@ void save_and_commit(const char *node) {
   brelo_tcapi_commit(node);
 }
 
+enum RuleText { kProtocol, kClient };
+
+// NULL for an accepted text of kind `kind`, or the trace line that refuses it (its %s is the
+// text). Only "TCP" and "UDP" are accepted as the protocol: exactly the texts that mark a slot
+// as taken.
+const char *refusal(int kind, const char *text) {
+  if (kind == kProtocol) return slot_in_use(text) ? nullptr : "protocol %s is not valid\n";
+  return ipValidCheck(text) < 0 ? "%s is an invalid IP\n" : nullptr;
+}
+
+// The attributes of a new rule's node, in the order they are written.
+const char kRuleAttributes[] = "Protocal\0SrcIP\0STARTPORT\0ENDPORT\0INTPORT\0LOCALIP\0MapName\0Active";
+
 // Traces under `native`, the add native.
 int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint external_port,
                      jint internal_port, jstring jprotocol, jstring jclient) {
@@ -66,29 +79,15 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   if (static_cast<uint32_t>(external_port) > 65535u) return -1;
   if (static_cast<uint32_t>(internal_port) > 65535u) return -1;
 
+  // Each text is given back once copied; a refused one is kept on purpose, never given back.
   char protocol[16];
-  bundle::JavaChars jp(env, jprotocol);
-  if (jp.is_null()) return -1;
-  if (strcmp(jp.get(), "TCP") != 0 && strcmp(jp.get(), "UDP") != 0) {
-    BUNDLE_TRACE_AS(native, "protocol %s is not valid\n", jp.get());
-    jp.keep();  // kept on purpose: a refused protocol text is never given back
-    return -1;
-  }
-  snprintf(protocol, sizeof protocol, "%s", jp.get());
-  jp.release();
-
-  char client[32];
-  bundle::JavaChars jc(env, jclient);
-  if (jc.is_null()) return -1;
-  if (ipValidCheck(jc.get()) < 0) {
-    BUNDLE_TRACE_AS(native, "%s is an invalid IP\n", jc.get());
-    jc.keep();  // kept on purpose: a refused client text is never given back
-    return -1;
-  }
   // A host name up to 64 characters passes the check; the stored address is cut to the
   // 31 characters of its buffer.
-  snprintf(client, sizeof client, "%s", jc.get());
-  jc.release();
+  char client[32];
+  if (!bundle::take_checked_text(env, native, jprotocol, refusal, kProtocol, protocol,
+                                 sizeof protocol) ||
+      !bundle::take_checked_text(env, native, jclient, refusal, kClient, client, sizeof client))
+    return -1;
 
   int pvc = 0;
   int entry = 0;
@@ -119,18 +118,20 @@ int add_port_mapping(JNIEnv *env, bundle::TraceName native, jint wan_index, jint
   }
 
   // The same mapping may be added twice: existing rules are not compared.
-  char number[64];
-  tcapi_set(node, "Protocal", protocol);
-  tcapi_set(node, "SrcIP", "0.0.0.0");
-  snprintf(number, sizeof number, "%d", external_port);
-  tcapi_set(node, "STARTPORT", number);
-  tcapi_set(node, "ENDPORT", number);  // a rule always maps a single port
-  snprintf(number, sizeof number, "%d", internal_port);
-  tcapi_set(node, "INTPORT", number);
-  tcapi_set(node, "LOCALIP", client);
-  snprintf(number, sizeof number, "OSGI_Add_Rule_%d_%d", wan_index, slot);
-  tcapi_set(node, "MapName", number);
-  tcapi_set(node, "Active", "Yes");
+  char external[16];
+  char internal[16];
+  char map_name[64];
+  snprintf(external, sizeof external, "%d", external_port);
+  snprintf(internal, sizeof internal, "%d", internal_port);
+  snprintf(map_name, sizeof map_name, "OSGI_Add_Rule_%d_%d", wan_index, slot);
+  // A rule always maps a single port: ENDPORT is STARTPORT.
+  const char *const values[] = {protocol, "0.0.0.0", external, external,
+                                internal, client,    map_name, "Yes"};
+  const char *attr = kRuleAttributes;
+  for (const char *value : values) {
+    tcapi_set(node, attr, value);
+    attr += strlen(attr) + 1;
+  }
   save_and_commit(node);
   return 0;
 }

@@ -123,26 +123,23 @@ Java_com_lumarest_smartgateway_addressservices_PortMappingQueryServiceImp_getPor
   int valid[bundle::kQueryWanRoom] = {0};
   // The count is held in a signed byte, as it always was; 32 values at most keep it positive.
   int8_t count = static_cast<int8_t>(bundle::getValidIFIndex(valid, bundle::kQueryWanRoom));
+  char *buf = nullptr;  // only the text composed into it is read
+  const char *text;
   if (count < 0) {
-    bundle::Reply<256> fail;
-    fail.append(BUNDLE_FAIL_REASON, "No Valid WAN");
-    return BUNDLE_JSON_REPLY(env, fail.c_str());
+    text = "{\"Result\":-1,\"FailReason\":\"No Valid WAN\"}";
+  } else if ((buf = static_cast<char *>(malloc(reply_size(count)))) == nullptr) {
+    text = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+  } else {
+    size_t cap = reply_size(count);
+    size_t off = 0;
+    buf[0] = '\0';
+    bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
+    bundle::TraceName native = BUNDLE_NATIVE;
+    for (int i = 0; i < count; ++i) append_wan(native, buf, cap, &off, valid[i]);
+    bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
+    text = buf;
   }
-  size_t cap = reply_size(count);
-  char *buf = static_cast<char *>(malloc(cap));  // only the text composed into it is read
-  if (buf == nullptr) {
-    bundle::Reply<256> fail;
-    fail.append(BUNDLE_FAIL_REASON, "No enough memory");
-    return BUNDLE_JSON_REPLY(env, fail.c_str());
-  }
-  size_t off = 0;
-  buf[0] = '\0';
-  bundle::reply_append(buf, cap, &off, "%s", LIST_HEAD);
-  bundle::TraceName native = BUNDLE_NATIVE;
-  for (int i = 0; i < count; ++i) append_wan(native, buf, cap, &off, valid[i]);
-  bundle::reply_append(buf, cap, &off, "%s", LIST_TAIL);
-  jstring reply =
-      BUNDLE_JSON_REPLY(env, buf);
+  jstring reply = BUNDLE_JSON_REPLY(env, text);
   free(buf);
   return reply;
 }

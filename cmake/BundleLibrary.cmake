@@ -41,8 +41,13 @@ endforeach()
 # The configuration shipped on the gateway's flash (on by default for the MIPS toolchain):
 # optimised for size, sections collected, no unwind tables (nothing unwinds through the
 # library), link-time optimisation, a SysV hash table alone (4 KiB less than both tables, and
-# read by every dynamic loader), no build id, and the data segment packed right after the code
+# read by every dynamic loader), no build id, the data segment packed right after the code
 # in the file (a small common page size: no padding up to the next 4 KiB boundary). The
+# library (not the capture tool, a program) is linked without the C start files: it registers
+# no exit handler and no static destructor (one would need __dso_handle, which only the start
+# files define, and would fail the link), and the dynamic loader runs .init_array itself, so
+# their _init/_fini, transactional-memory and unload hooks would add only code, weak imports
+# and sections. The
 # stripped library is held to the budget of cmake/size_budget.cmake by the <tier>size test.
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
   set(flash_default ON)
@@ -62,7 +67,7 @@ if(BUNDLE_FLASH)
   foreach(target bundle_frame bundle_services)
     target_compile_options(${target} PRIVATE ${BUNDLE_FLASH_COMPILE_OPTIONS})
   endforeach()
-  target_link_options(bundle_sc PRIVATE ${BUNDLE_FLASH_LINK_OPTIONS})
+  target_link_options(bundle_sc PRIVATE ${BUNDLE_FLASH_LINK_OPTIONS} -nostartfiles)
   set(BUNDLE_HASH_STYLE sysv)
 else()
   set(BUNDLE_HASH_STYLE both)

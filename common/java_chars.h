@@ -111,6 +111,16 @@ inline bool take_text(JNIEnv *env, jstring s, char (&buf)[N]) {
   return take_text(env, s, buf, N);
 }
 
+struct TraceName;
+
+// take_text for a text a check may refuse: `refusal(kind, text)` gives NULL for an accepted
+// text, or the trace line (its %s is the text) that refuses it. A refused text is traced under
+// `native` and kept on purpose (never given back), as the gateway has always done. False, with
+// `buf` untouched, when the text is refused or could not be had.
+bool take_checked_text(JNIEnv *env, TraceName native, jstring s,
+                       const char *(*refusal)(int kind, const char *text), int kind, char *buf,
+                       size_t size);
+
 // The same bytes for a C text: `text` cut at size - 1 bytes into `buf`, zero after it.
 void copy_padded(char *buf, size_t size, const char *text);
 template <size_t N>

@@ -1,6 +1,7 @@
 // com.lumarest.smartgateway.lanservices.LanHostSpeedQueryServiceImp: a LAN host's current
 // speed.
 #include "common/native.h"
+#include "common/native_reply.h"
 #include "common/platform_lan.h"
 #include "lanservices/lan_hosts.h"
 
@@ -9,7 +10,7 @@ extern "C" {
 JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_lanservices_LanHostSpeedQueryServiceImp_getLANHostSpeedJni(
     JNIEnv *env, jobject, jstring jmac) {
-  bundle::Reply<8192> reply;
+  bundle::Reply<256> reply;  // the longest reply has 58 characters
   int up = 0;
   int down = 0;
   bundle::JavaChars mac_text(env, jmac);
@@ -21,9 +22,8 @@ Java_com_lumarest_smartgateway_lanservices_LanHostSpeedQueryServiceImp_getLANHos
   } else {
     reply.append("{\"Result\":-1,\"upSpeed\":0,\"downSpeed\":0}");
   }
-  BUNDLE_TRACE("getLANHostSpeedJni: return json = %s   leave============>\n", reply.c_str());
   mac_text.release();
-  return bundle::new_reply_string(env, reply.c_str());
+  return BUNDLE_JSON_REPLY(env, reply.c_str());
 }
 
 }  // extern "C"

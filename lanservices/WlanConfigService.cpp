@@ -48,12 +48,10 @@ JNIEXPORT jint JNICALL
 Java_com_lumarest_smartgateway_lanservices_WlanConfigServiceImp_setWLANHardwareSwitchJni(
     JNIEnv *env, jobject, jstring jradioType, jboolean enable) {
   char radio[64];  // written whole before use
-  if (!bundle::take_text(env, jradioType, radio)) {
-    return BUNDLE_CODE_REPLY(-1);
-  }
-
   // The platform's own code goes back to Java.
-  int ret = brelo_wlanSetWLANRadioSwitch(radio, platform_flag(enable));
+  int ret = bundle::take_text(env, jradioType, radio)
+                ? brelo_wlanSetWLANRadioSwitch(radio, platform_flag(enable))
+                : -1;
   return BUNDLE_CODE_REPLY(ret);
 }
 

@@ -312,67 +312,71 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getWLANHostInfoJn
   // The reader's result is not examined.
   bundle::HeapMacList mac_list(env, jmacs);
   if (bundle::exception_pending(env)) return nullptr;  // a MAC text could not be obtained
-  if (!mac_list.ok()) {
-    return BUNDLE_JSON_REPLY(env, kFailure);
-  }
-  char(*macs)[MAC_ENTRY_SIZE] = mac_list.entries();
-  int mac_count = mac_list.count();
-
+  const char *reply = kFailure;
+  StationReply *records = nullptr;
+  char *text = nullptr;
   WlanHostRecord hosts[WLAN_MAX_HOSTS];
-  memset(hosts, 0, sizeof hosts);
   int host_count = 0;
-  if (brelo_wlanGetHostInfo(hosts, &host_count, macs, mac_count) != 0) {
-    return BUNDLE_JSON_REPLY(env, kFailure);
+  char(*macs)[MAC_ENTRY_SIZE] = nullptr;
+  int mac_count = 0;
+  bool listed = mac_list.ok();
+  if (listed) {
+    macs = mac_list.entries();
+    mac_count = mac_list.count();
+    memset(hosts, 0, sizeof hosts);
+    listed = brelo_wlanGetHostInfo(hosts, &host_count, macs, mac_count) == 0;
   }
-  // parseToJsonWlanHostList: one reply record per station, or per requested MAC.
-  int n = bounded_count(host_count, WLAN_MAX_HOSTS);
-  for (int i = 0; i < n; ++i) bundle::terminate_field(hosts[i].mac);
-  int entries = mac_count > 0 ? mac_count : n;
-  // At least one record, so an empty list never depends on what calloc(0) gives.
-  StationReply *records =
-      static_cast<StationReply *>(calloc(entries > 0 ? entries : 1, sizeof(StationReply)));
-  if (records == nullptr) {
-    printf("calloc err\n");
-    fflush(stdout);
-    return BUNDLE_JSON_REPLY(env, kFailure);
-  }
-  if (mac_count == 0) {
-    for (int i = 0; i < n; ++i) fillWlanHostEntry(&records[i], hosts, i);
-  } else {
-    // Each request takes the first station with its MAC (ignoring case); an empty or unknown
-    // request stays an all-zero entry of the list.
-    for (int j = 0; j < mac_count; ++j) {
-      if (macs[j][0] == '\0') continue;
-      for (int i = 0; i < n; ++i) {
-        if (strcasecmp(hosts[i].mac, macs[j]) == 0) {
-          fillWlanHostEntry(&records[j], hosts, i);
-          break;
+  if (listed) {
+    // parseToJsonWlanHostList: one reply record per station, or per requested MAC.
+    int n = bounded_count(host_count, WLAN_MAX_HOSTS);
+    for (int i = 0; i < n; ++i) bundle::terminate_field(hosts[i].mac);
+    int entries = mac_count > 0 ? mac_count : n;
+    // At least one record, so an empty list never depends on what calloc(0) gives.
+    records = static_cast<StationReply *>(calloc(entries > 0 ? entries : 1, sizeof(StationReply)));
+    if (records == nullptr) {
+      printf("calloc err\n");
+      fflush(stdout);
+    } else {
+      if (mac_count == 0) {
+        for (int i = 0; i < n; ++i) fillWlanHostEntry(&records[i], hosts, i);
+      } else {
+        // Each request takes the first station with its MAC (ignoring case); an empty or
+        // unknown request stays an all-zero entry of the list.
+        for (int j = 0; j < mac_count; ++j) {
+          if (macs[j][0] == '\0') continue;
+          for (int i = 0; i < n; ++i) {
+            if (strcasecmp(hosts[i].mac, macs[j]) == 0) {
+              fillWlanHostEntry(&records[j], hosts, i);
+              break;
+            }
+          }
         }
       }
+
+      size_t cap;
+      text = new_list_text(entries, &cap);
+      if (text == nullptr) {
+        free(records);
+        BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kNoMemory);
+        return nullptr;  // Java receives a null string
+      }
+      size_t off = 0;
+      bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
+      for (int j = 0; j < entries; ++j) {
+        const StationReply &r = records[j];
+        // The SSID name is not escaped.
+        bundle::reply_append(text, cap, &off,
+                             "{\"SSIDIndex\":%d,\"SSIDName\":\"%s\",\"MAC\":\"%s\",\"RSSI\":\"%d\","
+                             "\"RxRate\":\"%d\",\"TxRate\":\"%d\",\"Standard\":\"%s\"}",
+                             static_cast<int>(r.ssid_index), r.ssid, r.mac, static_cast<int>(r.rssi),
+                             static_cast<int>(r.rx_rate), static_cast<int>(r.tx_rate), r.standard);
+        if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
+      }
+      bundle::reply_append(text, cap, &off, "]}");
+      reply = text;
     }
   }
-
-  size_t cap;
-  char *text = new_list_text(entries, &cap);
-  if (text == nullptr) {
-    free(records);
-    BUNDLE_TRACE("getWLANHostInfoJni: return json = %s   leave============>\n", kNoMemory);
-    return nullptr;  // Java receives a null string
-  }
-  size_t off = 0;
-  bundle::reply_append(text, cap, &off, "{\"Result\":0,\"List\":[");
-  for (int j = 0; j < entries; ++j) {
-    const StationReply &r = records[j];
-    // The SSID name is not escaped.
-    bundle::reply_append(text, cap, &off,
-                         "{\"SSIDIndex\":%d,\"SSIDName\":\"%s\",\"MAC\":\"%s\",\"RSSI\":\"%d\","
-                         "\"RxRate\":\"%d\",\"TxRate\":\"%d\",\"Standard\":\"%s\"}",
-                         static_cast<int>(r.ssid_index), r.ssid, r.mac, static_cast<int>(r.rssi),
-                         static_cast<int>(r.rx_rate), static_cast<int>(r.tx_rate), r.standard);
-    if (j != entries - 1) bundle::reply_append(text, cap, &off, ",");
-  }
-  bundle::reply_append(text, cap, &off, "]}");
-  jstring result = BUNDLE_JSON_REPLY(env, text);
+  jstring result = BUNDLE_JSON_REPLY(env, reply);
   free(records);
   free(text);
   return result;

@@ -124,25 +124,10 @@ const char *refusal(int kind, const char *text) {
   }
 }
 
-// Takes one text of the rule into `out` (`size` bytes): released once copied. A text that
-// cannot be had, or that is refused, fails; a refused text is traced and kept on purpose
-// (never released), as the gateway has always done.
+// Takes one text of the rule into `out` (`size` bytes), checked by refusal().
 bool take_rule_text(JNIEnv *env, bundle::TraceName native, jstring s, int kind, char *out,
                     size_t size) {
-  bundle::JavaChars text(env, s);
-  if (text.is_null()) return false;
-  const char *refused = refusal(kind, text.get());
-  if (refused != nullptr) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // one of refusal()'s own lines
-    bundle::trace_printf(native, __LINE__, refused, text.get());
-#pragma GCC diagnostic pop
-    text.keep();
-    return false;
-  }
-  bundle::copy_padded(out, size, text.get());
-  text.release();
-  return true;
+  return bundle::take_checked_text(env, native, s, refusal, kind, out, size);
 }
 
 // The first entry whose "mirrorToIP" is empty, or -1.
@@ -294,32 +279,33 @@ JNIEXPORT jstring JNICALL
 Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirroRuleInfoJni(
     JNIEnv *env, jobject) {
   char *reply = static_cast<char *>(malloc(kRuleListSize));
-  if (reply == nullptr) {
-    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
+  const char *text = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+  if (reply != nullptr) {
+    reply[0] = '\0';
+    size_t off = 0;
+    bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
+    for (int i = 0; i < kMirrorEntries; ++i) {
+      char node[kNodeNameSize];
+      char mirror_ip[kRuleValueSize];
+      rule_node(node, i);
+      bundle::tree_get(node, "mirrorToIP", mirror_ip);
+      if (mirror_ip[0] == '\0') continue;
+      char values[kRuleTexts][kRuleValueSize], mirror_port[kRuleValueSize];
+      const char *key = kRuleKeys;
+      for (int f = 0; f < kRuleTexts; ++f, key = next_name(key))
+        bundle::tree_get(node, key, values[f], kRuleValueSize);
+      bundle::tree_get(node, "mirrorToPort", mirror_port);
+      bundle::append_object_opener(reply, kRuleListSize, &off);
+      const char *name = kRuleNames;
+      for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
+        bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
+      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
+      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
+    }
+    bundle::reply_append(reply, kRuleListSize, &off, "]}");
+    text = reply;
   }
-  reply[0] = '\0';
-  size_t off = 0;
-  bundle::reply_append(reply, kRuleListSize, &off, "{\"Result\":0,\"List\":[");
-  for (int i = 0; i < kMirrorEntries; ++i) {
-    char node[kNodeNameSize];
-    char mirror_ip[kRuleValueSize];
-    rule_node(node, i);
-    bundle::tree_get(node, "mirrorToIP", mirror_ip);
-    if (mirror_ip[0] == '\0') continue;
-    char values[kRuleTexts][kRuleValueSize], mirror_port[kRuleValueSize];
-    const char *key = kRuleKeys;
-    for (int f = 0; f < kRuleTexts; ++f, key = next_name(key))
-      bundle::tree_get(node, key, values[f], kRuleValueSize);
-    bundle::tree_get(node, "mirrorToPort", mirror_port);
-    bundle::append_object_opener(reply, kRuleListSize, &off);
-    const char *name = kRuleNames;
-    for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
-      bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
-    bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
-  }
-  bundle::reply_append(reply, kRuleListSize, &off, "]}");
-  jstring result = BUNDLE_JSON_REPLY(env, reply);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(reply);
   return result;
 }

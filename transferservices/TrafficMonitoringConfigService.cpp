@@ -143,6 +143,33 @@ void findMonitorFreeEntry(const char *bundle, int *base, int *pvc, int *entry) {
   }
 }
 
+// Compares the addresses stored on PVCs `first`..`last` with the request's. Without `clear`,
+// every address of the request equal to a stored one is blanked; with it, a stored address
+// equal to one of the request's is cleared from its entry. Gives the number of entries cleared.
+int match_stored(MonitorRequest *req, int first, int last, bool clear) {
+  int cleared = 0;
+  for (int p = first; p <= last; ++p) {
+    for (int e = 0; e < kEntriesPerPvc; ++e) {
+      char node[kNodeNameSize];
+      char stored[kTreeValueSize];
+      entry_node(node, p, e);
+      bundle::tree_get(node, "destAddressList", stored);
+      if (stored[0] == '\0') continue;
+      for (int i = 0; i < req->count; ++i) {
+        if (strcmp(req->dest[i], stored) != 0) continue;
+        if (!clear) {
+          req->dest[i][0] = '\0';
+          continue;
+        }
+        tcapi_set(node, "destAddressList", "");
+        ++cleared;
+        break;
+      }
+    }
+  }
+  return cleared;
+}
+
 int addMonitorRuleToEntry(MonitorRequest *req) {
   int base = -1, pvc = -1, entry = -1;
   findMonitorFreeEntry(req->bundle, &base, &pvc, &entry);
@@ -153,17 +180,7 @@ int addMonitorRuleToEntry(MonitorRequest *req) {
 
   // New addresses already stored on the PVCs from the group base up to the found PVC are
   // blanked. New addresses are not compared with each other.
-  for (int p = base; p <= pvc; ++p) {
-    for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize];
-      char stored[kTreeValueSize];
-      entry_node(node, p, e);
-      bundle::tree_get(node, "destAddressList", stored);
-      if (stored[0] == '\0') continue;
-      for (int i = 0; i < req->count; ++i)
-        if (strcmp(req->dest[i], stored) == 0) req->dest[i][0] = '\0';
-    }
-  }
+  match_stored(req, base, pvc, false);
 
   // Kept as the gateway has always done it: the search runs again after each address, and
   // "bundleName" is written only once at the end, so a bundle without a group finds the same
@@ -222,23 +239,7 @@ int deleteMonitorRuleToEntry(MonitorRequest *req) {
     return -1;
   }
 
-  int deleted = 0;
-  for (int p = base; p < base + kGroupPvcs; ++p) {
-    for (int e = 0; e < kEntriesPerPvc; ++e) {
-      char node[kNodeNameSize];
-      char stored[kTreeValueSize];
-      entry_node(node, p, e);
-      bundle::tree_get(node, "destAddressList", stored);
-      if (stored[0] == '\0') continue;
-      for (int i = 0; i < req->count; ++i) {
-        if (strcmp(req->dest[i], stored) == 0) {
-          tcapi_set(node, "destAddressList", "");
-          ++deleted;
-          break;
-        }
-      }
-    }
-  }
+  int deleted = match_stored(req, base, base + kGroupPvcs - 1, true);
 
   // Every empty PVC of the group loses its node, whether or not anything was deleted. For the
   // group's first PVC that removes "bundleName" and frees the group, even while later PVCs of
@@ -291,54 +292,52 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMonitoringConfigServiceIm
     JNIEnv *env, jobject) {
   char *collection = static_cast<char *>(malloc(kQueryBufferSize));
   char *reply = static_cast<char *>(malloc(kQueryBufferSize));
-  if (collection == nullptr || reply == nullptr) {
-    // Whichever buffer was allocated is given back too.
-    free(collection);
-    free(reply);
-    return BUNDLE_JSON_REPLY(env, "{\"Result\":-1,\"FailReason\":\"No enough memory\"}");
-  }
-  reply[0] = '\0';
-  size_t off = 0;
-  bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
+  // Without either buffer, whichever was allocated is given back too.
+  const char *text = "{\"Result\":-1,\"FailReason\":\"No enough memory\"}";
+  if (collection != nullptr && reply != nullptr) {
+    reply[0] = '\0';
+    size_t off = 0;
+    bundle::reply_append(reply, kQueryBufferSize, &off, "{\"Result\":0,\"List\":[");
 
-  for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
-    char node[kNodeNameSize];
-    char owner[kTreeValueSize];
-    group_node(node, b);
-    bundle::tree_get(node, "bundleName", owner);
-    if (owner[0] == '\0') continue;
+    for (int b = 0; b < kPvcCount; b += kGroupPvcs) {
+      char node[kNodeNameSize];
+      char owner[kTreeValueSize];
+      group_node(node, b);
+      bundle::tree_get(node, "bundleName", owner);
+      if (owner[0] == '\0') continue;
 
-    bundle::append_object_opener(reply, kQueryBufferSize, &off);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
-    bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
+      bundle::append_object_opener(reply, kQueryBufferSize, &off);
+      bundle::reply_append(reply, kQueryBufferSize, &off, "\"BundleName\":\"%s\",", owner);
+      bundle::reply_append(reply, kQueryBufferSize, &off, "\"DestAddressList\":[");
 
-    // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
-    // collection buffer (a text that reaches it is cut there).
-    collection[0] = '\0';
-    size_t coff = 0;
-    for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
-      for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
-        char address[kQueryValueSize];
-        entry_node(node, p, e);
-        bundle::tree_get(node, "destAddressList", address);
-        if (strNull(address)) continue;
-        bundle::reply_append(collection, kQueryBufferSize, &coff, "%s,", address);
+      // The group's addresses joined as "a,b,c," in PVC and entry order, up to the size of the
+      // collection buffer (a text that reaches it is cut there).
+      collection[0] = '\0';
+      size_t coff = 0;
+      for (int p = b; p < b + kGroupPvcs && coff < kQueryBufferSize; ++p) {
+        for (int e = 0; e < kEntriesPerPvc && coff < kQueryBufferSize; ++e) {
+          char address[kQueryValueSize];
+          entry_node(node, p, e);
+          bundle::tree_get(node, "destAddressList", address);
+          if (strNull(address)) continue;
+          bundle::reply_append(collection, kQueryBufferSize, &coff, "%s,", address);
+        }
       }
-    }
 
-    // Split again at ","; an address that itself holds "," becomes two pieces.
-    char *save = nullptr;
-    for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
-         piece = strtok_r(nullptr, ",", &save)) {
-      if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
-        bundle::reply_append(reply, kQueryBufferSize, &off, ",");
-      bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
+      // Split again at ","; an address that itself holds "," becomes two pieces.
+      char *save = nullptr;
+      for (char *piece = strtok_r(collection, ",", &save); piece != nullptr;
+           piece = strtok_r(nullptr, ",", &save)) {
+        if (bundle::reply_last_char(reply, kQueryBufferSize, off) != '[')
+          bundle::reply_append(reply, kQueryBufferSize, &off, ",");
+        bundle::reply_append(reply, kQueryBufferSize, &off, "\"%s\"", piece);
+      }
+      bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
     }
     bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
+    text = reply;
   }
-  bundle::reply_append(reply, kQueryBufferSize, &off, "]}");
-
-  jstring result = BUNDLE_JSON_REPLY(env, reply);
+  jstring result = BUNDLE_JSON_REPLY(env, text);
   free(collection);
   free(reply);
   return result;

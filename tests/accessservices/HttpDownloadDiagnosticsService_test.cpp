@@ -133,6 +133,7 @@ TEST_F(HttpDownloadDiagnosticsService, StateCodes) {
       {"1", "{\"Result\":\"Requested\"}"},
       {"2", "{\"Result\":\"None\"}"},
       {"3", ""},
+      {"-5", ""},  // below the named states: empty as well
   };
   for (auto &c : cases) {
     sim_set("http download", "state", c.first);
