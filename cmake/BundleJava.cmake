@@ -172,6 +172,14 @@ if(bundle_java_tests)
     FAIL_REGULAR_EXPRESSION "WARNING in native method|FATAL ERROR in native method|WARNING: JNI|problem: ")
 endif()
 
+if(bundle_java_tests)
+  # The soak benchmark (bench/soak.sh) with a few thousand calls: both JVMs must complete with
+  # every reply right; no figure is judged and no page written.
+  add_test(NAME jvm.soak-smoke
+    COMMAND bash "${CMAKE_SOURCE_DIR}/bench/soak.sh" "${CMAKE_BINARY_DIR}" --smoke)
+  set_tests_properties(jvm.soak-smoke PROPERTIES RESOURCE_LOCK gateway_flag_files)
+endif()
+
 # The Javadoc reference of the service classes, its overview and its checked examples.
 include("${CMAKE_CURRENT_LIST_DIR}/BundleReference.cmake")
 

@@ -8,7 +8,7 @@ For every native taking Java texts or text arrays (read from tests/native_catalo
   <native>-empty     empty texts and arrays, zero ints
   <native>-badutf    texts that are not modified UTF-8 or hold a NUL, arrays with null elements
   <native>-null      null texts and arrays; texts the JVM cannot copy where the native has two
-The input layout is described in fuzz/java_inputs_harness.h.
+The input layout is described in fuzz/java_inputs_harness.h and fuzz/native_input.h.
 """
 import os
 import re
@@ -35,7 +35,9 @@ def enc_text(v):
         return b"\x01"
     if isinstance(v, Repeat):
         piece = v.piece if isinstance(v.piece, bytes) else v.piece.encode()
-        return b"\x03" + bytes([len(piece)]) + piece + struct.pack(">H", v.count)
+        if v.count < 256:
+            return b"\x03" + bytes([len(piece)]) + piece + bytes([v.count])
+        return b"\x04" + bytes([len(piece)]) + piece + struct.pack(">H", v.count)
     data = v if isinstance(v, bytes) else v.encode()
     assert len(data) < 256
     return b"\x02" + bytes([len(data)]) + data
@@ -52,7 +54,10 @@ def enc_array(v):
     if v is NULL:
         return b"\x00"
     count, kinds = v
-    out = b"\x01" + struct.pack(">H", count) + bytes([len(kinds) - 1])
+    if count < 256:
+        out = b"\x02" + bytes([count]) + bytes([len(kinds) - 1])
+    else:
+        out = b"\x01" + struct.pack(">H", count) + bytes([len(kinds) - 1])
     for k in kinds:
         out += enc_text(k)
     return out
@@ -187,25 +192,41 @@ def natives():
             yield cls + "." + method, params
 
 
-def main():
-    out_dir = os.path.join(HERE, "corpus", "java_inputs", "seed")
+def seed_dir(target):
+    """The seed folder of a target, made when missing."""
+    out_dir = os.path.join(HERE, "corpus", target, "seed")
     os.makedirs(out_dir, exist_ok=True)
+    return out_dir
+
+
+def write_seed(out_dir, name, tag, data):
+    """Writes one seed of native `name` (Class.method), named after it and `tag`."""
+    short = name.replace("ServiceImp.", ".").replace("Jni", "")
+    with open(os.path.join(out_dir, short + "-" + tag), "wb") as f:
+        f.write(data)
+
+
+def write_dict(target, what, names, words):
+    """fuzz/<target>.dict: the native name lines, then `words`."""
+    with open(os.path.join(HERE, target + ".dict"), "w") as f:
+        f.write("# %s_fuzz: native name lines, then %s.\n" % (target, what))
+        for name in names:
+            f.write('"%s\\x0a"\n' % name)
+        for word in words:
+            f.write('"%s"\n' % word.replace("\\", "\\\\").replace('"', '\\"'))
+
+
+def main():
+    out_dir = seed_dir("java_inputs")
     count = 0
     for name, params in natives():
-        short = name.replace("ServiceImp.", ".").replace("Jni", "")
         for tag, values in (("valid", valid(name, params)), ("long", long_(params)),
                             ("empty", empty(params)), ("badutf", badutf(params)),
                             ("null", nulls(params))):
-            with open(os.path.join(out_dir, short + "-" + tag), "wb") as f:
-                f.write(encode(name, params, values))
+            write_seed(out_dir, name, tag, encode(name, params, values))
             count += 1
     print("%d seeds in %s" % (count, out_dir))
-    with open(os.path.join(HERE, "java_inputs.dict"), "w") as f:
-        f.write("# java_inputs_fuzz: native name lines, then texts the natives look for.\n")
-        for name, _ in natives():
-            f.write('"%s\\x0a"\n' % name)
-        for word in WORDS:
-            f.write('"%s"\n' % word.replace("\\", "\\\\").replace('"', '\\"'))
+    write_dict("java_inputs", "texts the natives look for", [n for n, _ in natives()], WORDS)
 
 
 WORDS = ["00:11:22:33:44:55", "192.168.1.1", "255.255.255.0", "2001:db8::1", "fe80::1", "TCP",

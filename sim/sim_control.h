@@ -12,7 +12,7 @@ extern "C" {
 #endif
 
 // Forgets everything: no state, no configuration tree, no programmed results or hooks, an
-// empty call log and no persistence of the tree. The gateway then answers as a platform that
+// empty call log, no persistence of the tree and no snapshot (sim_snapshot). The gateway then answers as a platform that
 // knows nothing (empty texts, zero numbers, empty lists).
 void sim_reset(void);
 
@@ -38,6 +38,20 @@ int sim_load_default(void);
 // $BRELO_SIM_STATE has it). tcapi_save still writes to $BRELO_SIM_SAVE.
 int sim_load_fresh(void);
 
+// Remembers the state as it is now (every section and value, the configuration tree, the nodes
+// removed from it and where tcapi_save writes it), for sim_restore, and returns a number naming
+// this snapshot (never 0).
+// There is one snapshot at a time: taking a new one replaces the previous one.
+unsigned long sim_snapshot(void);
+
+// Back to the state of snapshot `id`, as if it had been loaded afresh: the results its state
+// programmed ([results]) and no others, no hooks, an empty call log. A state that nothing changed since the snapshot (or since the last
+// restore) is kept as it is, with everything the simulated functions derived from it, so a
+// restore after a query costs almost nothing; a changed state is copied back from the
+// snapshot. -1 (and nothing done) when `id` is not the snapshot remembered now (none was taken,
+// a later one replaced it, or sim_reset forgot it).
+int sim_restore(unsigned long id);
+
 // State values. A NULL key in sim_unset removes the whole section.
 void sim_set(const char *section, const char *key, const char *value);
 void sim_unset(const char *section, const char *key);
@@ -58,6 +72,10 @@ int sim_section_exists(const char *section);
 // function produces its outputs.
 typedef void (*sim_hook_fn)(const char *fn, void *ctx);
 void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx);
+
+// While a hook runs: the arguments of the call that ran it, as the call log shows them (text
+// arguments quoted, numbers bare), whether the log is on or not. NULL outside a hook.
+const char *sim_hook_arguments(void);
 
 // The call log: one line "fn(arguments)\n" per platform call, in order. Text arguments are
 // quoted, numbers bare, output buffers not shown. The pointer stays valid until the next call

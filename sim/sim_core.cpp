@@ -21,6 +21,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "sim/sim.h"
@@ -99,6 +100,25 @@ struct World {
 std::recursive_mutex g_mutex;
 World g_world;
 
+// What sim_snapshot remembered, and what changed since the snapshot or the last restore: the
+// generation the state had then (while it is still that one, nothing changed), the sections
+// whose entries changed, and whether any section was removed. Sections are only ever created
+// at the end of the list, so until one is removed the state is the snapshot's sections, in
+// order, followed by the ones created since, and a restore puts back only what changed.
+struct Snapshot {
+  unsigned long id = 0;  // 0: none taken
+  std::list<Section> sections;
+  std::unordered_map<std::string_view, const Section *> by_name;
+  std::string save_path;
+  std::set<std::string> removed_nodes;
+  std::map<std::string, int> results;
+  unsigned long clean_generation = 0;
+  std::unordered_set<std::string> touched;
+  bool removed = false;
+};
+Snapshot g_snapshot;
+unsigned long g_last_snapshot_id = 0;
+
 // The number of the next logged call, over the whole run.
 unsigned long long g_next_call = 1;
 
@@ -115,6 +135,8 @@ thread_local unsigned t_next_pending = 0;
 // Bumped by every change of the state (values, sections, loads, resets), never reset: caches
 // derived from the state compare it with the generation they were built from.
 std::atomic<unsigned long> g_generation{1};
+// The arguments of the call whose hook runs on this thread (NULL outside a hook).
+thread_local const char *t_hook_arguments = nullptr;
 // Mirrors of the world for the lock-free fast paths of sim::call and sim::result.
 std::atomic<bool> g_initialized{false};
 std::atomic<int> g_result_count{0};
@@ -141,15 +163,18 @@ void bump() { g_generation.fetch_add(1, std::memory_order_relaxed); }
 // of its own, as a reader of the log would see it.
 void count_lines(const char *piece, size_t n, int delta) {
   std::unordered_map<std::string, int> &counts = g_world.log.counts;
+  // The name looked up, in a buffer kept from call to call (no allocation per line).
+  static std::string name;
   const char *p = piece, *end = piece + n;
   while (p < end) {
     const char *nl = static_cast<const char *>(memchr(p, '\n', end - p));
     const char *line_end = nl != nullptr ? nl : end;
     const char *paren = static_cast<const char *>(memchr(p, '(', line_end - p));
     if (paren != nullptr) {
-      auto it = counts.find(std::string(p, paren));
+      name.assign(p, paren);
+      auto it = counts.find(name);
       if (it == counts.end()) {
-        if (delta > 0) counts.emplace(std::string(p, paren), delta);
+        if (delta > 0) counts.emplace(name, delta);
       } else if ((it->second += delta) <= 0) {
         counts.erase(it);
       }
@@ -240,6 +265,11 @@ Section &make_section(const std::string &name) {
   return g_world.sections.back();
 }
 
+// Notes a section whose entries changed, for the next restore of a snapshot.
+void touched(const std::string &section) {
+  if (g_snapshot.id != 0) g_snapshot.touched.insert(section);
+}
+
 void set_value(const std::string &section, const std::string &key, const std::string &value) {
   Section &s = make_section(section);
   for (auto &e : s.entries) {
@@ -248,12 +278,14 @@ void set_value(const std::string &section, const std::string &key, const std::st
       // Java threads often do) leave every pointer handed out by get() untouched.
       if (e.second != value) {
         e.second = value;
+        touched(section);
         bump();
       }
       return;
     }
   }
   s.entries.emplace_back(key, value);
+  touched(section);
   bump();
 }
 
@@ -334,8 +366,11 @@ bool program_result_line(const std::string &fn, const std::string &value) {
   return true;
 }
 
-// Loads a state file on top of the state. With `replace`, a section the file holds replaces the
-// section of that name (its values are those of the file alone); else values are added.
+// Loads a state file on top of the state, line by line whatever their length (a
+// configuration-tree value of 4095 bytes takes up to four times as many once escaped). With
+// `replace`, a section the file holds replaces the section of that name (its values are those
+// of the file alone); else values are added. A line holding a NUL byte is malformed: names are
+// C texts, and a value takes any byte through \xHH.
 int load_file(const std::string &path, bool replace = false) {
   FILE *f = fopen(path.c_str(), "r");
   if (f == nullptr) return -1;
@@ -344,10 +379,17 @@ int load_file(const std::string &path, bool replace = false) {
   // Lines of any length: a tree value alone may hold 4095 bytes, each written as \xHH.
   char *line = nullptr;
   size_t line_cap = 0;
+  ssize_t got;
   int rc = 0, lineno = 0;
-  while (getline(&line, &line_cap, f) != -1) {
+  while ((got = getline(&line, &line_cap, f)) != -1) {
     ++lineno;
-    std::string t = trim(line);
+    std::string raw(line, static_cast<size_t>(got));
+    if (raw.find('\0') != std::string::npos) {
+      fprintf(stderr, "gateway sim: %s:%d: a NUL byte in the line\n", path.c_str(), lineno);
+      rc = -1;
+      continue;
+    }
+    std::string t = trim(raw);
     if (!t.empty() && t.back() == '\n') t.pop_back();
     t = trim(t);
     if (t.empty() || t[0] == '#' || t[0] == ';') continue;
@@ -361,6 +403,7 @@ int load_file(const std::string &path, bool replace = false) {
       Section &s = make_section(section);
       if (replace && replaced.insert(section).second && !s.entries.empty()) {
         s.entries.clear();
+        touched(section);
         bump();
       }
       continue;
@@ -485,15 +528,54 @@ std::string installed_state() {
   return state;
 }
 
+// Empties the call log (its bound stays).
+void clear_log_locked() {
+  g_world.log.text.clear();
+  g_world.log.counts.clear();
+  g_world.log.calls.clear();
+  g_world.log.dropped = 0;
+}
+
 void reset_locked() {
   // The log's bound is a setting of the tool, not state: it survives the reset.
   size_t limit = g_world.log.limit;
   g_world = World();
   g_world.log.limit = limit;
+  g_snapshot = Snapshot();
   g_world.initialized = true;
   g_initialized.store(true);
   g_result_count.store(0);
   g_hook_count.store(0);
+  bump();
+}
+
+// Puts the snapshot's state back. After a section was removed, every section is copied back
+// and the index rebuilt; otherwise the sections created since are dropped and the entries of
+// the sections that changed are copied back, nothing else.
+void restore_sections_locked() {
+  Snapshot &snap = g_snapshot;
+  if (snap.removed || g_world.sections.size() < snap.sections.size()) {
+    g_world.sections = snap.sections;
+    g_world.by_name.clear();
+    for (auto it = g_world.sections.begin(); it != g_world.sections.end(); ++it)
+      g_world.by_name[it->name] = it;
+    g_world.names_by_prefix.clear();
+  } else {
+    auto it = std::next(g_world.sections.begin(), static_cast<long>(snap.sections.size()));
+    while (it != g_world.sections.end()) {
+      section_removed(it->name);
+      g_world.by_name.erase(it->name);
+      it = g_world.sections.erase(it);
+    }
+    for (const std::string &name : snap.touched) {
+      auto kept = snap.by_name.find(name);
+      Section *now = find_section(name);
+      if (kept != snap.by_name.end() && now != nullptr) now->entries = kept->second->entries;
+    }
+  }
+  if (g_world.removed_nodes != snap.removed_nodes) g_world.removed_nodes = snap.removed_nodes;
+  snap.touched.clear();
+  snap.removed = false;
   bump();
 }
 
@@ -573,7 +655,18 @@ void call(const char *fn, const char *argfmt, ...) {
       if (it != g_world.hooks.end()) hook = it->second;
     }
   }
-  if (hook.fn != nullptr) hook.fn(fn, hook.ctx);
+  if (hook.fn == nullptr) return;
+  // The hook may ask what the call was given (sim_hook_arguments).
+  if (!log_on) {
+    va_list ap;
+    va_start(ap, argfmt);
+    vsnprintf(args, sizeof args, argfmt, ap);
+    va_end(ap);
+  }
+  const char *outer = t_hook_arguments;
+  t_hook_arguments = args;
+  hook.fn(fn, hook.ctx);
+  t_hook_arguments = outer;
 }
 
 int returns(const char *fn, int rc) {
@@ -678,6 +771,7 @@ void remove_section(const char *section) {
   auto it = g_world.by_name.find(section);
   if (it == g_world.by_name.end()) return;
   std::list<Section>::iterator doomed = it->second;
+  g_snapshot.removed = true;
   if (is_tree_node(doomed->name)) g_world.removed_nodes.insert(doomed->name.substr(sizeof kTreePrefix - 1));
   section_removed(doomed->name);
   g_world.by_name.erase(it);
@@ -740,6 +834,38 @@ SIM_EXPORT int sim_load_default(void) {
   return load_default_locked();
 }
 
+SIM_EXPORT unsigned long sim_snapshot(void) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  ensure_init();
+  g_snapshot = Snapshot();
+  g_snapshot.id = ++g_last_snapshot_id;
+  g_snapshot.sections = g_world.sections;
+  for (const Section &section : g_snapshot.sections) g_snapshot.by_name[section.name] = &section;
+  g_snapshot.save_path = g_world.save_path;
+  g_snapshot.removed_nodes = g_world.removed_nodes;
+  g_snapshot.results = g_world.results;
+  g_snapshot.clean_generation = g_generation.load();
+  return g_snapshot.id;
+}
+
+SIM_EXPORT int sim_restore(unsigned long id) {
+  std::lock_guard<std::recursive_mutex> g(g_mutex);
+  if (id == 0 || id != g_snapshot.id) return -1;
+  if (g_generation.load() != g_snapshot.clean_generation) {
+    restore_sections_locked();
+    g_snapshot.clean_generation = g_generation.load();
+  }
+  g_world.save_path = g_snapshot.save_path;
+  // The results the state programmed ([results] of a captured gateway), no others.
+  if (g_world.results != g_snapshot.results) g_world.results = g_snapshot.results;
+  g_world.hooks.clear();
+  g_result_count.store(static_cast<int>(g_world.results.size()));
+  g_hook_count.store(0);
+  clear_log_locked();
+  g_world.log_copy.clear();
+  return 0;
+}
+
 SIM_EXPORT int sim_load_fresh(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   return load_default_locked(false);
@@ -760,7 +886,10 @@ SIM_EXPORT void sim_unset(const char *section, const char *key) {
   if (s == nullptr) return;
   size_t before = s->entries.size();
   s->entries.remove_if([&](const std::pair<std::string, std::string> &e) { return e.first == key; });
-  if (s->entries.size() != before) bump();
+  if (s->entries.size() != before) {
+    touched(s->name);
+    bump();
+  }
 }
 
 SIM_EXPORT const char *sim_get(const char *section, const char *key) { return sim::get(section, key); }
@@ -814,6 +943,8 @@ SIM_EXPORT void sim_program_hook(const char *fn, sim_hook_fn hook, void *ctx) {
   g_hook_count.store(static_cast<int>(g_world.hooks.size()));
 }
 
+SIM_EXPORT const char *sim_hook_arguments(void) { return t_hook_arguments; }
+
 SIM_EXPORT const char *sim_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
   g_world.log_copy = g_world.log.text;
@@ -828,10 +959,7 @@ SIM_EXPORT const char *sim_log_results(void) {
 
 SIM_EXPORT void sim_clear_log(void) {
   std::lock_guard<std::recursive_mutex> g(g_mutex);
-  g_world.log.text.clear();
-  g_world.log.counts.clear();
-  g_world.log.calls.clear();
-  g_world.log.dropped = 0;
+  clear_log_locked();
 }
 
 SIM_EXPORT int sim_log_count(const char *fn) {

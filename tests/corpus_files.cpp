@@ -8,12 +8,29 @@
 
 #include <algorithm>
 
+#include <gtest/gtest.h>
+
 namespace corpus {
 
-std::string dir(const std::string &target, const std::string &kind) {
+std::string source_file(const std::string &relative) {
   std::string root = __FILE__;  // <root>/tests/corpus_files.cpp
   for (int i = 0; i < 2; ++i) root = root.substr(0, root.rfind('/'));
-  return root + "/fuzz/corpus/" + target + "/" + kind;
+  return root + "/" + relative;
+}
+
+std::string dir(const std::string &target, const std::string &kind) {
+  return source_file("fuzz/corpus/" + target + "/" + kind);
+}
+
+size_t replay(const std::string &target, const std::string &kind,
+              void (*run)(const uint8_t *data, size_t size)) {
+  std::vector<std::string> inputs = files(dir(target, kind));
+  for (const std::string &path : inputs) {
+    SCOPED_TRACE(path);
+    std::string data = contents(path);
+    run(reinterpret_cast<const uint8_t *>(data.data()), data.size());
+  }
+  return inputs.size();
 }
 
 std::vector<std::string> files(const std::string &dir) {

@@ -6,10 +6,13 @@
 #include <unistd.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "common/platform_forward.h"
 #include "common/platform_route.h"
 #include "common/platform_tcapi.h"
+#include "sim/sim.h"
 #include "common/platform_vpn.h"
 #include "sim/sim_control.h"
 #include "tests/test_support.h"
@@ -69,6 +72,38 @@ TEST_F(Simulator, MalformedStateFileIsReported) {
   EXPECT_EQ(sim_load(path.c_str()), -1);
   unlink(path.c_str());
   EXPECT_EQ(sim_load("/nonexistent/state.ini"), -1);
+}
+
+// A line is read whole however long it is: a tree value of 4095 bytes that are not ASCII takes
+// 16 KiB once escaped, and tcapi_save writes it so.
+TEST_F(Simulator, LongLinesAreReadWhole) {
+  std::string value(4095, '\xC4');
+  tcapi_set("Long_Entry0", "Value", value.c_str());
+  tcapi_set("Long_Entry0", "Next", "1");
+  std::string path = temp_path("long");
+  sim_set_save_path(path.c_str());
+  tcapi_save();
+  sim_reset();
+  EXPECT_EQ(sim_load(path.c_str()), 0);
+  unlink(path.c_str());
+  EXPECT_EQ(sim_get("tcapi Long_Entry0", "Value"), value);
+  EXPECT_STREQ(sim_get("tcapi Long_Entry0", "Next"), "1");
+}
+
+// A NUL byte in a line makes the line malformed; a value takes one through \x00.
+TEST_F(Simulator, NulBytesInALineAreReported) {
+  std::string path = temp_path("nul");
+  FILE *f = fopen(path.c_str(), "wb");
+  ASSERT_NE(f, nullptr);
+  static const char text[] = "[device]\nmac = 00\0:11\nmodel = \"H\\x00GU\"\n";
+  fwrite(text, 1, sizeof text - 1, f);
+  fclose(f);
+  EXPECT_EQ(sim_load(path.c_str()), -1);
+  unlink(path.c_str());
+  EXPECT_EQ(sim_get("device", "mac"), nullptr);
+  std::vector<std::pair<std::string, std::string>> entries = sim::entries("device");
+  ASSERT_EQ(entries.size(), 1u);
+  EXPECT_EQ(entries[0].second, std::string("H\0GU", 4));
 }
 
 TEST_F(Simulator, DefaultGatewayLoads) {
@@ -312,6 +347,26 @@ TEST_F(Simulator, HooksRunAtEveryCall) {
   tcapi_save();
   EXPECT_EQ(g_hook_calls, 2);
   EXPECT_EQ(seen, "tcapi_save");
+}
+
+void note_arguments(const char *, void *ctx) {
+  const char *args = sim_hook_arguments();
+  *static_cast<std::string *>(ctx) = args != nullptr ? args : "<null>";
+}
+
+// A hook sees what the call was given, as the log shows it, with the log on or off.
+TEST_F(Simulator, HooksSeeTheCallsArguments) {
+  std::string seen;
+  sim_program_hook("tcapi_get", note_arguments, &seen);
+  char buf[32] = {};
+  tcapi_get("Node_Entry0", "Attr", buf);
+  EXPECT_EQ(seen, "\"Node_Entry0\", \"Attr\"");
+  sim_set_log(0);
+  seen.clear();
+  tcapi_get("Node_Entry1", "Other", buf);
+  sim_set_log(1);
+  EXPECT_EQ(seen, "\"Node_Entry1\", \"Other\"");
+  EXPECT_EQ(sim_hook_arguments(), nullptr);
 }
 
 }  // namespace

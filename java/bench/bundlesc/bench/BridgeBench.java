@@ -1,6 +1,7 @@
 package bundlesc.bench;
 
 import bundlesc.sim.GatewaySim;
+import bundlesc.sim.NativeMix;
 import bundlesc.sim.NeutralCalls;
 import java.io.File;
 import java.io.FileOutputStream;
@@ -8,14 +9,11 @@ import java.io.IOException;
 import java.io.PrintStream;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
-import java.lang.reflect.Modifier;
 import java.net.URISyntaxException;
-import java.net.URL;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.Collections;
-import java.util.Enumeration;
+import java.util.HashMap;
 import java.util.List;
 import java.util.Locale;
 import java.util.Map;
@@ -62,7 +60,6 @@ import java.util.regex.Pattern;
  * standard output, which a native or two print to).
  */
 public final class BridgeBench {
-    private static final String ROOT = "com.lumarest.smartgateway";
     private static final String FLAG = "/tmp/brelo_debug";
 
     /** One native, its floor and its figures. */
@@ -200,7 +197,7 @@ public final class BridgeBench {
         }
         List<Bench> benches = natives();
         if (benches.isEmpty()) {
-            System.err.println("no natives found under " + ROOT + " on the class path");
+            System.err.println("no natives found under " + NativeMix.ROOT + " on the class path");
             return 2;
         }
         gateway();
@@ -261,48 +258,17 @@ public final class BridgeBench {
     /** Every native of every service class on the class path, in package, class, name order. */
     private List<Bench> natives() throws IOException, URISyntaxException, ClassNotFoundException,
             ReflectiveOperationException {
-        String path = ROOT.replace('.', '/');
-        List<String> classes = new ArrayList<String>();
-        Enumeration<URL> roots = BridgeBench.class.getClassLoader().getResources(path);
-        while (roots.hasMoreElements()) {
-            URL url = roots.nextElement();
-            if (!url.getProtocol().equals("file")) {
-                continue;
-            }
-            File root = new File(url.toURI());
-            File[] packages = root.listFiles(File::isDirectory);
-            if (packages == null) {
-                continue;
-            }
-            for (File pkg : packages) {
-                String[] names = pkg.list((dir, name) -> name.endsWith("Imp.class"));
-                if (names == null) {
-                    continue;
-                }
-                for (String name : names) {
-                    classes.add(ROOT + "." + pkg.getName() + "." + name.replace(".class", ""));
-                }
-            }
-        }
-        Collections.sort(classes);
         List<Bench> benches = new ArrayList<Bench>();
-        for (String name : classes) {
-            Class<?> cls = Class.forName(name);
-            Method[] methods = cls.getDeclaredMethods();
-            Arrays.sort(methods, (a, b) -> a.getName().compareTo(b.getName()));
-            Object target = null;
-            for (Method m : methods) {
-                if (!Modifier.isNative(m.getModifiers())) {
-                    continue;
-                }
-                if (target == null) {
-                    target = cls.getDeclaredConstructor().newInstance();
-                }
-                m.setAccessible(true);
-                Bench b = new Bench(benches.size(), m, target, NeutralCalls.argumentsFor(m));
-                if (only == null || only.matcher(b.name()).find()) {
-                    benches.add(b);
-                }
+        Map<Class<?>, Object> services = new HashMap<Class<?>, Object>();
+        for (Method m : NativeMix.natives(BridgeBench.class.getClassLoader())) {
+            Object target = services.get(m.getDeclaringClass());
+            if (target == null) {
+                target = m.getDeclaringClass().getDeclaredConstructor().newInstance();
+                services.put(m.getDeclaringClass(), target);
+            }
+            Bench b = new Bench(benches.size(), m, target, NeutralCalls.argumentsFor(m));
+            if (only == null || only.matcher(b.name()).find()) {
+                benches.add(b);
             }
         }
         return benches;

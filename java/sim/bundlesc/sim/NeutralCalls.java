@@ -10,8 +10,9 @@ import java.util.Map;
 /**
  * Calls of every native that leave the default simulated gateway as it was, for the programs
  * that call every native over and over (the soak test, the JVM benchmark): setters get the
- * values the gateway already holds or targets that do not exist, and the platform calls that
- * have no harmless form are refused by the simulated gateway.
+ * values the gateway already holds or targets that do not exist, the platform calls that have
+ * no harmless form are refused by the simulated gateway, and no call takes a path that keeps a
+ * Java text on purpose (so a long run shows what the library keeps, not what its design does).
  */
 public final class NeutralCalls {
     /** The MAC text of a host of the default gateway. */
@@ -79,6 +80,22 @@ public final class NeutralCalls {
         ARGUMENTS.put("deleteForwardRuleJni", new Object[] {99});
         ARGUMENTS.put("deleteHTTPTrafficProcessRuleJni", new Object[] {99});
         ARGUMENTS.put("deleteMirrorRuleJni", new Object[] {99});
+        // A device that does not exist: an open of a real one adds a handle nobody closes.
+        ARGUMENTS.put("usbOpenJni", new Object[] {99});
+        // Paths that keep no Java text. A refusal keeps the refused texts on purpose (the VM's
+        // copy of each stays allocated), so these calls are accepted instead and change
+        // nothing: the DHCP pool the gateway holds; valid texts, given back, and then a
+        // refusal: a port mapping on a WAN that does not exist, a mirror rule to port 0.
+        ARGUMENTS.put("setLANDHCPInfoJni", new Object[] {"TRUE", "192.168.1.2", "192.168.1.254", 86400});
+        ARGUMENTS.put("addPortMappingJni", new Object[] {99, 8080, 80, "TCP", "192.168.1.20"});
+        ARGUMENTS.put("addMirrorRuleJni",
+                new Object[] {null, "53", "ALL", "UDP", HOST, "192.168.1.200", 0});
+        // These keep their text on every call (the URL goes to the platform, the subscriber is
+        // never given back), except a null one, which is never copied.
+        ARGUMENTS.put("startHttpUploadDiagnosticsJni", new Object[] {1, null, "1"});
+        ARGUMENTS.put("startHttpDownloadDiagnosticsJni", new Object[] {1, null, "1"});
+        ARGUMENTS.put("subscribeVoIPEventJni", new Object[] {null, new String[] {"NOTIFY_VOICE_CALL_INFO"}});
+        ARGUMENTS.put("unSubscribeVoIPEventJni", new Object[] {null, new String[] {"NOTIFY_VOICE_CALL_INFO"}});
     }
 
     private NeutralCalls() {}

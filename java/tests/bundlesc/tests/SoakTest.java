@@ -3,16 +3,10 @@ package bundlesc.tests;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
-import bundlesc.sim.GatewaySim;
+import bundlesc.sim.NativeMix;
+import bundlesc.sim.NativeMix.Call;
 import bundlesc.sim.NeutralCalls;
-import java.lang.reflect.InvocationTargetException;
-import java.lang.reflect.Method;
-import java.util.ArrayList;
-import java.util.Arrays;
-import java.util.HashMap;
 import java.util.List;
-import java.util.Map;
-import java.util.Objects;
 import java.util.concurrent.atomic.AtomicLong;
 import java.util.concurrent.atomic.AtomicReference;
 import org.junit.jupiter.api.BeforeAll;
@@ -33,68 +27,11 @@ class SoakTest extends GatewayTestBase {
     private static final int CALLS_PER_THREAD = Integer.getInteger("soak.calls", 10_000);
     private static final long SMALL_STACK = 136 * 1024;
 
-
-    /** One call of the mix and the reply a single thread gets for it. */
-    static final class Call {
-        final Method method;
-        final Object target;
-        final Object[] args;
-        Object expected;
-
-        Call(Method method, Object target, Object[] args) {
-            this.method = method;
-            this.target = target;
-            this.args = args;
-        }
-
-        Object invoke() throws ReflectiveOperationException {
-            return method.invoke(target, args);
-        }
-
-        @Override
-        public String toString() {
-            return method.getDeclaringClass().getSimpleName() + "." + method.getName()
-                    + Arrays.deepToString(args);
-        }
-    }
-
-    /**
-     * A single thread gets no one reply for the live natives either ({@link NeutralCalls#LIVE});
-     * theirs are checked for their kind and, for texts, the reply envelope.
-     */
-    private static boolean live(Call c) {
-        return NeutralCalls.LIVE.contains(c.method.getName());
-    }
-
-    /** True when `reply` is an answer `c` can give: its own, or for a live native one of its kind. */
-    private static boolean plausible(Call c, Object reply) {
-        if (!live(c)) {
-            return Objects.equals(reply, c.expected);
-        }
-        if (reply == null || c.expected == null || reply.getClass() != c.expected.getClass()) {
-            return false;
-        }
-        if (reply instanceof String) {
-            String text = (String) reply;
-            return text.startsWith("{\"Result\":") && text.endsWith("}");
-        }
-        return true;
-    }
-
     private static List<Call> mix;
 
     @BeforeAll
     static void buildMix() throws Exception {
-        mix = new ArrayList<Call>();
-        Map<Class<?>, Object> services = new HashMap<Class<?>, Object>();
-        for (Method m : DeepStackTest.allNatives()) {
-            Object target = services.get(m.getDeclaringClass());
-            if (target == null) {
-                target = m.getDeclaringClass().getDeclaredConstructor().newInstance();
-                services.put(m.getDeclaringClass(), target);
-            }
-            mix.add(new Call(m, target, NeutralCalls.argumentsFor(m)));
-        }
+        mix = NativeMix.calls(NativeMix.natives(SoakTest.class.getClassLoader()));
     }
 
     /**
@@ -105,23 +42,7 @@ class SoakTest extends GatewayTestBase {
     private static void expectedReplies() throws Exception {
         defaultGateway();
         NeutralCalls.refuseHarmful();
-        for (Call c : mix) {
-            c.expected = c.invoke();
-        }
-        List<String> unsteady = new ArrayList<String>();
-        for (int i = mix.size() - 1; i >= 0; i--) {
-            Call c = mix.get(i);
-            Object again = c.invoke();
-            if (!plausible(c, again)) {
-                unsteady.add(c + ": " + abbreviate(c.expected) + " then " + abbreviate(again));
-            }
-        }
-        assertEquals("", String.join("\n", unsteady), "calls that change the gateway");
-    }
-
-    private static String abbreviate(Object reply) {
-        String text = String.valueOf(reply);
-        return text.length() <= 60 ? text : text.substring(0, 60) + "...";
+        assertEquals("", String.join("\n", NativeMix.learnReplies(mix)), "calls that change the gateway");
     }
 
     private static void soak(long stackSize) throws Exception {
@@ -138,21 +59,9 @@ class SoakTest extends GatewayTestBase {
             Runnable work = () -> {
                 long x = seed;
                 for (int i = 0; i < CALLS_PER_THREAD; i++) {
-                    x ^= x << 13;
-                    x ^= x >>> 7;
-                    x ^= x << 17;
-                    Call c = mix.get((int) Long.remainderUnsigned(x, mix.size()));
-                    String problem = null;
-                    try {
-                        Object reply = c.invoke();
-                        if (!plausible(c, reply)) {
-                            problem = c + ": " + reply + " instead of " + c.expected;
-                        }
-                    } catch (InvocationTargetException e) {
-                        problem = c + " threw " + e.getCause();
-                    } catch (ReflectiveOperationException | RuntimeException | Error e) {
-                        problem = c + " threw " + e;
-                    }
+                    x = NativeMix.next(x);
+                    Call c = NativeMix.pick(mix, x);
+                    String problem = c.check();
                     calls.incrementAndGet();
                     if (problem != null) {
                         problems.incrementAndGet();
