@@ -10,6 +10,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "common/config_tree.h"
 #include "common/java_chars.h"
 #include "common/trace.h"
 
@@ -63,12 +64,7 @@ class ParamTree {
 // atoi (and atol) as the gateway's 32-bit C library computes them: leading blanks, an optional
 // sign and decimal digits, saturated at the 32-bit range, so every build of the library
 // reads an out-of-range value the same way.
-inline int32_t param_int(const char *text) {
-  long long v = strtoll(text, nullptr, 10);
-  if (v > INT32_MAX) return INT32_MAX;
-  if (v < INT32_MIN) return INT32_MIN;
-  return static_cast<int32_t>(v);
-}
+inline int32_t param_int(const char *text) { return bundle::tree_atoi(text); }
 
 // One number of a start native's request record, read from its parameter text.
 struct NumberParam {

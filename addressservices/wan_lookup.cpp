@@ -9,13 +9,6 @@
 
 namespace bundle {
 
-int tree_atoi(const char *text) {
-  long long value = strtoll(text, nullptr, 10);
-  if (value > INT_MAX) return INT_MAX;
-  if (value < INT_MIN) return INT_MIN;
-  return static_cast<int>(value);
-}
-
 int getValidIFIndex(int *out, int room) {
   char list[128];  // every tree read leaves a terminated text
   tree_get("WanInfo_Common", "ValidIFIndex", list);

@@ -8,11 +8,6 @@
 
 namespace bundle {
 
-// atoi of a tree value as the gateway's 32-bit C library reads it: a number beyond the int
-// range saturates at INT_MAX / INT_MIN (on a 64-bit host atoi would wrap it instead), so the
-// same tree gives the same numbers on every build.
-int tree_atoi(const char *text);
-
 // Room the lookups and the port-mapping query give getValidIFIndex.
 constexpr int kLookupWanRoom = 64;
 constexpr int kQueryWanRoom = 32;

@@ -1,5 +1,7 @@
 #include "common/config_tree.h"
 
+#include <limits.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include "common/platform_tcapi.h"
@@ -15,6 +17,13 @@ int tree_get(const char *node, const char *attr, char *buf, size_t size) {
   memcpy(buf, scratch, n);
   buf[n] = '\0';
   return rc;
+}
+
+int tree_atoi(const char *text) {
+  long long value = strtoll(text, nullptr, 10);
+  if (value > INT_MAX) return INT_MAX;
+  if (value < INT_MIN) return INT_MIN;
+  return static_cast<int>(value);
 }
 
 }  // namespace bundle

@@ -19,6 +19,12 @@ namespace bundle {
 // always terminated. Returns tcapi_get's result; an absent attribute leaves "".
 int tree_get(const char *node, const char *attr, char *buf, size_t size);
 
+// atoi of a text (a tree value, a parameter) as the gateway's 32-bit C library reads it:
+// leading blanks, an optional sign and decimal digits, a number beyond the int range saturated
+// at INT_MAX / INT_MIN (on a 64-bit host atoi would wrap it instead), so the same text gives
+// the same number on every build.
+int tree_atoi(const char *text);
+
 // The same into a char array, its size taken from the array.
 template <size_t N>
 inline int tree_get(const char *node, const char *attr, char (&buf)[N]) {

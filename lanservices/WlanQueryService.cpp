@@ -117,8 +117,8 @@ void getStaSpeed(const char *mac) {
       char down_rate[32];
       bundle::tree_get(node, "upRate", up_rate);
       bundle::tree_get(node, "downRate", down_rate);
-      up = atoi(up_rate);
-      down = atoi(down_rate);
+      up = bundle::tree_atoi(up_rate);
+      down = bundle::tree_atoi(down_rate);
       break;
     }
   }
@@ -399,7 +399,7 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     bundle::tree_get(node, "Duration", duration);
     bundle::tree_get(node, "DurationRemain", remain);
     bundle::tree_get(node, "PortIsolation", isolation);
-    int remaining = atoi(remain);
+    int remaining = bundle::tree_atoi(remain);
     if (remaining < 0) remaining = 0;
 
     if (!opened) {
@@ -411,11 +411,11 @@ Java_com_lumarest_smartgateway_lanservices_WlanQueryServiceImp_getGuestSSIDInfoJ
     // entries and writes the index as a number, so the reply is valid JSON.
     if (bundle::hardened_profile()) {
       if (reply.offset() > sizeof "{\"Result\":0,\"List\":[" - 1) reply.append(",");
-      reply.append("{\"SSIDIndex\":%d", atoi(index));
+      reply.append("{\"SSIDIndex\":%d", bundle::tree_atoi(index));
     } else {
       reply.append("{\"SSIDIndex\":%s", index);
     }
-    reply.append(",\"Duration\":%d,\"PortIsolation\":\"%s\",\"RemainDuration\":%d}", atoi(duration),
+    reply.append(",\"Duration\":%d,\"PortIsolation\":\"%s\",\"RemainDuration\":%d}", bundle::tree_atoi(duration),
                  bool_text(isolation[0] == '1'), remaining);
   }
   if (!opened) reply.append("{\"Result\":0,\"List\":[");

@@ -234,7 +234,7 @@ int is_duplicated_traffic_mirror_rule(const traffic_mirror_rule *rule, int *inde
     }
     if (!same) continue;
     bundle::tree_get(node, "mirrorToPort", value);
-    if (atoi(value) != r.mirrorToPort) continue;
+    if (bundle::tree_atoi(value) != r.mirrorToPort) continue;
     BUNDLE_TRACE("%s:%d===duplicated mirror rule=====\n", __func__, __LINE__);
     if (index != nullptr) *index = i;
     return 1;
@@ -300,7 +300,7 @@ Java_com_lumarest_smartgateway_transferservices_TrafficMirrorServiceImp_getMirro
       for (int f = 0; f < kRuleTexts; ++f, name = next_name(name))
         bundle::reply_append(reply, kRuleListSize, &off, "\"%s\":\"%s\",", name, values[f]);
       bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToIP\":\"%s\",", mirror_ip);
-      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", atoi(mirror_port));
+      bundle::reply_append(reply, kRuleListSize, &off, "\"MirrorToPort\":%d}", bundle::tree_atoi(mirror_port));
     }
     bundle::reply_append(reply, kRuleListSize, &off, "]}");
     text = reply;

@@ -122,4 +122,18 @@ TEST_F(ConfigTree, RouteCommandsOnlyReachTheSimulator) {
   EXPECT_EQ(sim_log_count("system"), 2);
 }
 
+// Tree values read as numbers give what the gateway's 32-bit C library gives, on every build:
+// beyond the int range they saturate instead of wrapping as a 64-bit atoi would.
+TEST_F(ConfigTree, NumbersReadAsTheGatewayReadsThem) {
+  EXPECT_EQ(bundle::tree_atoi("8080"), 8080);
+  EXPECT_EQ(bundle::tree_atoi("  -12abc"), -12);
+  EXPECT_EQ(bundle::tree_atoi(""), 0);
+  EXPECT_EQ(bundle::tree_atoi("Yes"), 0);
+  EXPECT_EQ(bundle::tree_atoi("2147483647"), 2147483647);
+  EXPECT_EQ(bundle::tree_atoi("2147483648"), 2147483647);
+  EXPECT_EQ(bundle::tree_atoi("4294967296"), 2147483647);
+  EXPECT_EQ(bundle::tree_atoi("-2147483649"), -2147483647 - 1);
+  EXPECT_EQ(bundle::tree_atoi("99999999999999999999999999"), 2147483647);
+}
+
 }  // namespace
