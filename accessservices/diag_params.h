@@ -16,8 +16,6 @@
 
 namespace bundle {
 
-inline int32_t param_int(const char *text);
-
 // A parsed parameter text, freed when it goes out of scope (freeing it changes no reply).
 // Before a successful parse() it has no members, so every lookup gives its default. mjson is
 // never handed a NULL tree: the gateway's own build of it does not promise to accept one.
@@ -51,20 +49,16 @@ class ParamTree {
     return label->child->text;
   }
 
-  // The member's value converted with param_int, or `dflt` when text(key) is NULL.
+  // The member's value read as the gateway's atoi reads it (tree_atoi), or `dflt` when
+  // text(key) is NULL.
   int32_t int_or(const char *key, int32_t dflt) const {
     const char *value = text(key);
-    return value != nullptr ? param_int(value) : dflt;
+    return value != nullptr ? tree_atoi(value) : dflt;
   }
 
  private:
   json_t *root_;
 };
-
-// atoi (and atol) as the gateway's 32-bit C library computes them: leading blanks, an optional
-// sign and decimal digits, saturated at the 32-bit range, so every build of the library
-// reads an out-of-range value the same way.
-inline int32_t param_int(const char *text) { return bundle::tree_atoi(text); }
 
 // One number of a start native's request record, read from its parameter text.
 struct NumberParam {

@@ -38,7 +38,7 @@ int start_http_speed_test(JNIEnv *env, TraceName native, jint wan_index, jstring
       return -1;
     }
     // atol of a 32-bit long, sign-extended into the 64-bit member.
-    req.file_length = static_cast<uint64_t>(static_cast<int64_t>(param_int(length)));
+    req.file_length = static_cast<uint64_t>(static_cast<int64_t>(tree_atoi(length)));
   }
   read_http_options(params, &req);  // the file length is an upload's only
   parameter.release();
